@@ -1,0 +1,79 @@
+#include "editor/core/TextCodec.h"
+
+#include <cstdint>
+#include <cstring>
+
+bool IsAllCrLf(std::string_view b) {
+    const char* p = b.data();
+    const char* end = p + b.size();
+    // Every CR must be followed by LF and every LF preceded by CR.
+    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\n', end - q)));
+         ++q)
+        if (q == p || q[-1] != '\r') return false;
+    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\r', end - q)));
+         ++q)
+        if (q + 1 == end || q[1] != '\n') return false;
+    return true;
+}
+
+std::string ToCrLf(std::string_view b) {
+    if (IsAllCrLf(b)) return std::string(b);
+    std::string out;
+    out.reserve(b.size() + b.size() / 16 + 16);
+    for (size_t i = 0; i < b.size(); ++i) {
+        char c = b[i];
+        if (c == '\r') {
+            out += "\r\n";
+            if (i + 1 < b.size() && b[i + 1] == '\n') ++i;
+        } else if (c == '\n') {
+            out += "\r\n";
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
+bool IsValidUtf8(std::string_view b) {
+    const auto* s = reinterpret_cast<const unsigned char*>(b.data());
+    size_t n = b.size(), i = 0;
+    while (i < n) {
+        // Skip ASCII eight bytes at a time.
+        while (i + 8 <= n) {
+            uint64_t w;
+            std::memcpy(&w, s + i, 8);
+            if (w & 0x8080808080808080ull) break;
+            i += 8;
+        }
+        if (i >= n) break;
+        unsigned char c = s[i];
+        if (c < 0x80) {
+            ++i;
+            continue;
+        }
+        int len;
+        uint32_t cp;
+        if (c >= 0xC2 && c <= 0xDF) len = 2, cp = c & 0x1F;
+        else if (c >= 0xE0 && c <= 0xEF) len = 3, cp = c & 0x0F;
+        else if (c >= 0xF0 && c <= 0xF4) len = 4, cp = c & 0x07;
+        else return false;
+        if (i + len > n) return false;
+        for (int k = 1; k < len; ++k) {
+            if ((s[i + k] & 0xC0) != 0x80) return false;
+            cp = (cp << 6) | (s[i + k] & 0x3F);
+        }
+        if ((len == 3 && cp < 0x800) || (len == 4 && cp < 0x10000) || cp > 0x10FFFF ||
+            (cp >= 0xD800 && cp <= 0xDFFF))
+            return false;
+        i += len;
+    }
+    return true;
+}
+
+std::string StripCr(std::string_view b) {
+    std::string out;
+    out.reserve(b.size());
+    for (char c : b)
+        if (c != '\r') out += c;
+    return out;
+}

@@ -1,0 +1,14 @@
+#pragma once
+// How file bytes become the editor's buffer and back. The buffer holds every line end as
+// CR LF; bytes are otherwise kept exactly as they are in the file.
+#include <string>
+#include <string_view>
+
+// Turns lone LF and lone CR into CR LF; CR LF stays.
+std::string ToCrLf(std::string_view bytes);
+// True when the text needs no change by ToCrLf (cheap pre-check for large files).
+bool IsAllCrLf(std::string_view bytes);
+// True when the bytes are well-formed UTF-8 (no overlongs, no surrogates, at most U+10FFFF).
+bool IsValidUtf8(std::string_view bytes);
+// Deletes every CR: the bytes of an export with UNIX line ends.
+std::string StripCr(std::string_view bytes);

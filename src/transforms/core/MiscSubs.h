@@ -1,0 +1,17 @@
+#pragma once
+// String routines shared by every subsystem.
+#include <string>
+#include <string_view>
+
+// Finds separator in work from the first position. If found, returns what stands before it
+// and cuts work to what follows; if not, returns an empty string and leaves work alone.
+std::string NextToken(std::string_view separator, std::string& work);
+// Replaces all occurrences left to right; inserted text is never scanned again. An empty
+// find returns source unchanged.
+std::string ReplaceText(std::string_view source, std::string_view find,
+                        std::string_view replacement);
+// Deletes every occurrence of the character.
+std::string RemoveChar(std::string_view text, char character);
+// Removes blanks (spaces only) from both ends, as the runtime's Trim does.
+std::string_view Trim(std::string_view s);
+std::string_view LTrim(std::string_view s);
