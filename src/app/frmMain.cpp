@@ -1,1 +1,355 @@
-// placeholder
+#include "app/frmMain.h"
+
+#include "app/AppGlobals.h"
+#include "app/SingleInstance.h"
+#include "app/core/PathHelpers.h"
+#include "components/cDialogs.h"
+#include "editor/DocumentArray.h"
+#include "editor/frmDocument.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace {
+frmMain* theMainForm = nullptr;
+constexpr int kMinimumWidth = 4000 / 15; // 4000 twips
+} // namespace
+
+frmMain* MainForm() { return theMainForm; }
+
+frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
+    theMainForm = this;
+    setWindowTitle(QStringLiteral("Kestrum"));
+    BuildWindow();
+}
+
+frmMain::~frmMain() {
+    // Documents that go with the window must not call back into a half-destroyed one.
+    theMainForm = nullptr;
+}
+
+void frmMain::BuildWindow() {
+    auto* central = new QWidget(this);
+    auto* v = new QVBoxLayout(central);
+    v->setContentsMargins(0, 0, 0, 0);
+    v->setSpacing(0);
+
+    // picTabs: the syntax profile box and the tab strip of the open documents.
+    auto* picTabs = new QWidget(central);
+    auto* h = new QHBoxLayout(picTabs);
+    h->setContentsMargins(4, 2, 4, 2);
+    auto* Label2 = new QLabel(tr("Syntax Profile:"), picTabs);
+    cboProfiles = new QComboBox(picTabs);
+    cboProfiles->setObjectName("cboProfiles");
+    cboProfiles->setMinimumWidth(200);
+    lblOpenFiles = new QLabel(tr("Documents:"), picTabs);
+    tabFiles = new QTabBar(picTabs);
+    tabFiles->setObjectName("tabFiles");
+    tabFiles->setExpanding(false);
+    tabFiles->setDocumentMode(true);
+    tabFiles->setUsesScrollButtons(true);
+    h->addWidget(Label2);
+    h->addWidget(cboProfiles);
+    h->addSpacing(8);
+    h->addWidget(lblOpenFiles);
+    h->addWidget(tabFiles, 1);
+    v->addWidget(picTabs);
+
+    mdiArea = new QMdiArea(central);
+    mdiArea->setObjectName("mdiArea");
+    mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    v->addWidget(mdiArea, 1);
+    setCentralWidget(central);
+
+    connect(mdiArea, &QMdiArea::subWindowActivated, this, &frmMain::OnSubWindowActivated);
+    connect(tabFiles, &QTabBar::tabBarClicked, this, &frmMain::tabFiles_Click);
+
+    // The cool bar's bands.
+    auto band = [this](const QString& name, const QString& key) {
+        auto* tb = new QToolBar(name, this);
+        tb->setObjectName(key);
+        addToolBar(Qt::TopToolBarArea, tb);
+        return tb;
+    };
+    tbFile = band(tr("File"), "File");
+    tbAdvanced = band(tr("Compiler"), "Compiler");
+    picDOcInfo = band(tr("Cursor"), "Cursor");
+    lblDocInfo = new QLabel(picDOcInfo);
+    lblDocInfo->setMinimumWidth(140);
+    picDOcInfo->addWidget(lblDocInfo);
+    tbEdit = band(tr("Edit"), "Edit");
+    tbSearch = band(tr("Search"), "Search");
+
+    // Status bar panels.
+    auto* sb = statusBar();
+    sb->setObjectName("sbStatusBar");
+    for (int i = 1; i <= 7; ++i) {
+        panels_[size_t(i)] = new QLabel(sb);
+        panels_[size_t(i)]->setObjectName(QStringLiteral("panel%1").arg(i));
+        panels_[size_t(i)]->setContentsMargins(6, 0, 6, 0);
+        if (i == 1)
+            sb->addWidget(panels_[1], 1);
+        else
+            sb->addPermanentWidget(panels_[size_t(i)]);
+    }
+    panels_[5]->setText("INS");
+    panels_[6]->setText("CAPS");
+    panels_[7]->setText("NUM");
+
+    // The completion list of the cliptext pane; filled when a library is chosen.
+    lstClip = new QListWidget(this);
+    lstClip->hide();
+    mnuEdit = new QMenu(tr("&Edit"), this);
+}
+
+// ---------------------------------------------------------------- load and unload
+
+void frmMain::MDIForm_Load(const QString& commandLine) {
+    CommandLine = commandLine;
+    const QString app = AppTitle();
+
+    // The upgrade rule: a changed build number resets the editor settings.
+    bool ok = false;
+    int stored = GetSetting(app, "Version", "Build", "0").toInt(&ok);
+    if (!ok || stored != ProgramBuildNumber()) {
+        DeleteSetting(app, "Settings");
+        DeleteSetting(app, "Syntax Associations");
+        SaveSetting(app, "Version", "Build", QString::number(ProgramBuildNumber()));
+    }
+
+    while (tabFiles->count() > 0) tabFiles->removeTab(0);
+    Documents().Reset(mdiArea);
+
+    QRect screen = QApplication::primaryScreen() ? QApplication::primaryScreen()->availableGeometry()
+                                                 : QRect(0, 0, 1024, 768);
+    auto single = [&](const char* key, double def) {
+        bool good = false;
+        double v = GetSetting(app, "Settings", key, QString::number(def)).toDouble(&good);
+        return good ? v : def;
+    };
+    int left = int(single("MainLeft", 0)), top = int(single("MainTop", 0));
+    int w = int(single("MainWidth", screen.width() * 0.9));
+    int hgt = int(single("MainHeight", screen.height() * 0.9));
+    move(left, top);
+    resize(std::max(w, kMinimumWidth), std::max(hgt, 100));
+
+    LoadEditorSettings(Store(), ToBytes(app), g_EditorSettings());
+    LoadPrintMargins(Store(), ToBytes(app), g_PrintMargins());
+
+    auto flag = [&](const char* key, bool def) {
+        QString v = GetSetting(app, "Settings", key, def ? "True" : "False");
+        if (v.compare("True", Qt::CaseInsensitive) == 0) return true;
+        if (v.compare("False", Qt::CaseInsensitive) == 0) return false;
+        bool good = false;
+        double n = v.toDouble(&good);
+        return good ? n != 0 : def;
+    };
+    tbAdvanced->setVisible(flag("CompilerToolBar", true));
+    picDOcInfo->setVisible(flag("CursorToolBar", true));
+    tbEdit->setVisible(flag("EditToolBar", true));
+    tbSearch->setVisible(flag("SearchToolBar", true));
+    statusBar()->setVisible(flag("StatusBar", true));
+    BrowserRolledUp = !flag("FileBrowser", true);
+    ClipRolledUp = !flag("ClipText", true);
+    LastDir = GetSetting(app, "Settings", "LastDir", AppDir());
+
+    for (int i = 1; i <= 5; ++i)
+        RecentFiles[size_t(i)] = GetSetting(app, "Settings", QStringLiteral("RecentFile%1").arg(i));
+    RefreshRecentFiles();
+
+    if (flag("First Load", true)) {
+        SaveSetting(app, "Settings", "First Load", "False");
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+
+    NewDocument();
+    if (!commandLine.isEmpty()) LoadCommandLine(commandLine);
+}
+
+void frmMain::LoadCommandLine(const QString& commandLine) {
+    QString name = FromBytes(StripQuotes(ToBytes(commandLine)));
+    auto fail = [&](const QString& why) {
+        cDialogs::Get().MsgBox("An error occurred while processing the file " + commandLine +
+                                   ", specified in the command line.\r\n" + why,
+                               MsgButtons::OK, MsgIcon::Exclamation, AppTitle());
+    };
+    if (name.endsWith(".KWS")) {
+        // Workspaces are opened by their own loader, which this build does not have yet.
+        fail(tr("Workspace files cannot be opened yet."));
+        return;
+    }
+    frmDocument* doc = ActiveForm();
+    if (!doc) return;
+    QString error;
+    if (!doc->rtfText->LoadFile(name, 1, &error)) return fail(error);
+    if (g_EditorSettings().Backup && !doc->rtfText->SaveFile(name + "~", 1, &error))
+        return fail(error);
+    doc->SetCaption(FromBytes(FileNameOf(ToBytes(name))));
+    SetTabCaption(doc->TabKey(), doc->Caption());
+    doc->Tag = name;
+    doc->Changed = false;
+    CycleRecentFiles(name);
+    doc->SetSyntax();
+}
+
+void frmMain::MDIForm_Unload() {
+    if (unloaded_) return;
+    unloaded_ = true;
+    const QString app = AppTitle();
+    if (!(windowState() & Qt::WindowMinimized)) {
+        SaveSetting(app, "Settings", "MainLeft", QString::number(x()));
+        SaveSetting(app, "Settings", "MainTop", QString::number(y()));
+        SaveSetting(app, "Settings", "MainWidth", QString::number(width()));
+        SaveSetting(app, "Settings", "MainHeight", QString::number(height()));
+    }
+    for (int i = 1; i <= 5; ++i)
+        SaveSetting(app, "Settings", QStringLiteral("RecentFile%1").arg(i), RecentFiles[size_t(i)]);
+    auto b = [](bool v) { return v ? QStringLiteral("True") : QStringLiteral("False"); };
+    // isHidden, not isVisible: a band is "shown" even while the window itself is not.
+    SaveSetting(app, "Settings", "CompilerToolBar", b(!tbAdvanced->isHidden()));
+    SaveSetting(app, "Settings", "SearchToolBar", b(!tbSearch->isHidden()));
+    SaveSetting(app, "Settings", "EditToolBar", b(!tbEdit->isHidden()));
+    SaveSetting(app, "Settings", "CursorToolBar", b(!picDOcInfo->isHidden()));
+    SaveSetting(app, "Settings", "StatusBar", b(!statusBar()->isHidden()));
+    SaveSetting(app, "Settings", "FileBrowser", b(!BrowserRolledUp));
+    SaveSetting(app, "Settings", "ClipText", b(!ClipRolledUp));
+    SaveSetting(app, "Settings", "LastDir", LastDir);
+    SingleInstance::Stop();
+}
+
+void frmMain::closeEvent(QCloseEvent* e) {
+    // The documents close first, each asking about unsaved changes; one that stays open
+    // keeps the whole program open.
+    for (frmDocument* doc : Documents().OpenDocuments()) {
+        if (!doc->CloseWith(frmDocument::vbFormMDIForm)) {
+            e->ignore();
+            return;
+        }
+    }
+    MDIForm_Unload();
+    e->accept();
+}
+
+void frmMain::resizeEvent(QResizeEvent* e) {
+    QMainWindow::resizeEvent(e);
+    if (width() < kMinimumWidth && !(windowState() & Qt::WindowMinimized))
+        resize(kMinimumWidth, height());
+}
+
+frmDocument* frmMain::ActiveForm() const {
+    QMdiSubWindow* w = mdiArea->activeSubWindow();
+    if (!w) w = mdiArea->currentSubWindow();
+    return w ? qobject_cast<frmDocument*>(w->widget()) : nullptr;
+}
+
+void frmMain::OnSubWindowActivated(QMdiSubWindow* w) {
+    if (!w) return;
+    auto* doc = qobject_cast<frmDocument*>(w->widget());
+    if (!doc || w == lastActive_) return;
+    lastActive_ = w;
+    // Activation reaches the document from the event loop, after the command that made the
+    // window has loaded its text, so that the first activation colours what was loaded.
+    QPointer<frmDocument> guard(doc);
+    QTimer::singleShot(0, this, [guard] {
+        if (!guard) return;
+        guard->Form_Activate();
+        guard->Form_GotFocus();
+    });
+}
+
+void frmMain::mnuFileExit_Click() { close(); }
+
+void frmMain::mnuPrefsReset_Click() {
+    if (cDialogs::Get().MsgBox("To reset Kestrum's settings, Kestrum must be restarted. Do you "
+                               "wish to continue?",
+                               MsgButtons::YesNo, MsgIcon::Question, "Confirm.") != MsgResult::Yes)
+        return;
+    // The close step then writes the window and layout keys into the emptied section, so
+    // geometry, recent files and bars survive while editor keys and "First Load" do not.
+    DeleteSetting(AppTitle(), "Settings");
+    DeleteSetting(AppTitle(), "Syntax Associations");
+    mnuFileExit_Click();
+}
+
+// ---------------------------------------------------------------- tabs
+
+int frmMain::FindTab(const QString& key) const {
+    for (int i = 0; i < tabFiles->count(); ++i)
+        if (tabFiles->tabData(i).toString() == key) return i;
+    return -1;
+}
+
+void frmMain::AddTab(const QString& key, const QString& caption) {
+    int i = tabFiles->addTab(caption);
+    tabFiles->setTabData(i, key);
+}
+
+void frmMain::RemoveTab(const QString& key) {
+    if (int i = FindTab(key); i >= 0) tabFiles->removeTab(i);
+}
+
+void frmMain::SetTabCaption(const QString& key, const QString& caption) {
+    if (int i = FindTab(key); i >= 0) tabFiles->setTabText(i, caption);
+}
+
+void frmMain::SelectTab(const QString& key, const QString& toolTip) {
+    if (int i = FindTab(key); i >= 0) {
+        QSignalBlocker block(tabFiles);
+        tabFiles->setCurrentIndex(i);
+        tabFiles->setTabToolTip(i, toolTip);
+    }
+}
+
+void frmMain::tabFiles_Click(int index) {
+    if (index < 0) return;
+    QString key = tabFiles->tabData(index).toString();
+    for (frmDocument* doc : Documents().OpenDocuments()) {
+        if (doc->TabKey() != key) continue;
+        QMdiSubWindow* w = doc->SubWindow();
+        if (!w) return;
+        if (w->isMinimized()) w->showNormal();
+        mdiArea->setActiveSubWindow(w);
+        doc->rtfText->setFocus();
+        return;
+    }
+}
+
+// ---------------------------------------------------------------- status bar
+
+void frmMain::SetPanelText(int panel, const QString& text) {
+    if (panel >= 1 && panel <= 7) panels_[size_t(panel)]->setText(text);
+}
+
+QString frmMain::PanelText(int panel) const {
+    return panel >= 1 && panel <= 7 ? panels_[size_t(panel)]->text() : QString();
+}
+
+void frmMain::SetDocInfo(const QString& text) { lblDocInfo->setText(text); }
+QString frmMain::DocInfo() const { return lblDocInfo->text(); }
+
+void frmMain::PopupEditMenu(const QPoint& globalPos) {
+    if (mnuEdit && !mnuEdit->isEmpty()) mnuEdit->popup(globalPos);
+}
+
+// ---------------------------------------------------------------- seams of later commands
+
+void frmMain::mnuFileSave_Click() {}
+void frmMain::CycleRecentFiles(const QString&) {}
+void frmMain::RefreshRecentFiles() {}
+int frmMain::GoClip(const QString&) const { return -1; }
+void frmMain::mnuFormatIndent_Click() {}
+void frmMain::mnuFormatUnindent_Click() {}

@@ -1,1 +1,59 @@
-int main(){return 0;}
+// The program's entry point. A first instance shows the splash, loads and shows the main
+// window; a later one hands its command line to the first and ends at once.
+#include "app/AppGlobals.h"
+#include "app/SingleInstance.h"
+#include "app/core/PathHelpers.h"
+#include "app/frmMain.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QSplashScreen>
+
+namespace {
+// The whole command line is one file name: blanks and all belong to it.
+QString CommandLineOf(const QStringList& args) { return args.mid(1).join(' '); }
+
+QPixmap SplashPicture() {
+    QPixmap pm(420, 200);
+    pm.fill(QColor(24, 40, 72));
+    QPainter p(&pm);
+    p.setPen(Qt::white);
+    QFont f = p.font();
+    f.setPointSize(28);
+    f.setBold(true);
+    p.setFont(f);
+    p.drawText(QRect(0, 40, 420, 70), Qt::AlignCenter, QStringLiteral("Kestrum"));
+    f.setPointSize(10);
+    f.setBold(false);
+    p.setFont(f);
+    p.drawText(QRect(0, 120, 420, 30), Qt::AlignCenter,
+               QStringLiteral("A programmer's text editor"));
+    return pm;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Kestrum"));
+    QString commandLine = CommandLineOf(QApplication::arguments());
+
+    if (SingleInstance::IsRunning(AppTitle())) {
+        const QString target = AppTitle();
+        AppTitle() = QStringLiteral("Previstance");
+        QString name = FromBytes(StripQuotes(ToBytes(commandLine)));
+        SingleInstance::SendToProcess(target, ("LOADFILE" + name).toUtf8());
+        return 0;
+    }
+
+    QSplashScreen splash(SplashPicture());
+    splash.show();
+    app.processEvents();
+
+    frmMain main;
+    SingleInstance::Listen(AppTitle(), [](const QByteArray&) {});
+    main.MDIForm_Load(commandLine);
+    main.show();
+    splash.finish(&main);
+    return app.exec();
+}

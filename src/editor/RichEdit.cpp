@@ -1,1 +1,495 @@
-// placeholder
+#include "editor/RichEdit.h"
+
+#include "editor/core/TextCodec.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QSaveFile>
+#include <QUrl>
+#include <algorithm>
+
+namespace {
+constexpr unsigned long kStyleMask = kColorSlotCount;
+constexpr int kTwipsPerPixel = 15;
+} // namespace
+
+RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
+    setUtf8(true);
+    Sci(SCI_SETEOLMODE, SC_EOL_CRLF);
+    Sci(SCI_SETPASTECONVERTENDINGS, 1);
+    // Only text changes are of interest; style changes would otherwise notify per paint.
+    Sci(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT | SC_PERFORMED_USER |
+                                 SC_PERFORMED_UNDO | SC_PERFORMED_REDO);
+    Sci(SCI_SETSCROLLWIDTHTRACKING, 1);
+    Sci(SCI_SETSCROLLWIDTH, 1);
+    setMarginWidth(0, 0);
+    setMarginWidth(1, 0);
+    setMarginWidth(2, 0);
+    setWrapMode(QsciScintilla::WrapNone);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+    // The program shows its own Edit menu on the right button.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    for (auto& c : slotColors_) c = Qt::black;
+    ApplyFont();
+    ApplyColors();
+
+    connect(this, &QsciScintilla::textChanged, this, [this] {
+        if (events_) events_->rtfText_Change();
+    });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        if (updated & SC_UPDATE_SELECTION) NotifySelChange();
+    });
+}
+
+long RichEdit::Sci(unsigned int msg, unsigned long w, long l) const {
+    return SendScintilla(msg, w, l);
+}
+
+long RichEdit::SciPtr(unsigned int msg, unsigned long w, const void* p) const {
+    return SendScintilla(msg, w, static_cast<const char*>(p));
+}
+
+// ---------------------------------------------------------------- text and selection
+
+// The control reports selection changes when it next updates its view; changes made by
+// code are reported at once, so that the owner sees each change exactly once.
+void RichEdit::NotifySelChange() {
+    long anchor = Sci(SCI_GETANCHOR), caret = Sci(SCI_GETCURRENTPOS);
+    if (anchor == lastAnchor_ && caret == lastCaret_) return;
+    lastAnchor_ = anchor;
+    lastCaret_ = caret;
+    if (events_) events_->rtfText_SelChange();
+}
+
+std::string RichEdit::Text() const { return std::string(TextView()); }
+
+std::string_view RichEdit::TextView() const {
+    auto* p = reinterpret_cast<const char*>(Sci(SCI_GETCHARACTERPOINTER));
+    return {p, size_t(TextLength())};
+}
+
+void RichEdit::SetText(std::string_view bytes) {
+    std::string t = ToCrLf(bytes);
+    Sci(SCI_CLEARALL);
+    SciPtr(SCI_APPENDTEXT, t.size(), t.data());
+    Sci(SCI_SETSEL, 0, 0);
+}
+
+int64_t RichEdit::TextLength() const { return Sci(SCI_GETLENGTH); }
+
+int64_t RichEdit::SelStart() const { return Sci(SCI_GETSELECTIONSTART); }
+
+void RichEdit::SetSelStart(int64_t pos) {
+    pos = std::clamp<int64_t>(pos, 0, TextLength());
+    Sci(SCI_SETSEL, pos, pos);
+    NotifySelChange();
+}
+
+int64_t RichEdit::SelLength() const {
+    return Sci(SCI_GETSELECTIONEND) - Sci(SCI_GETSELECTIONSTART);
+}
+
+void RichEdit::SetSelLength(int64_t len) {
+    int64_t s = SelStart();
+    int64_t e = std::clamp<int64_t>(s + std::max<int64_t>(len, 0), s, TextLength());
+    Sci(SCI_SETSEL, s, e);
+    NotifySelChange();
+}
+
+std::string RichEdit::SelText() const {
+    return std::string(TextView().substr(size_t(SelStart()), size_t(SelLength())));
+}
+
+void RichEdit::SetSelText(std::string_view bytes) {
+    int64_t s = SelStart();
+    Sci(SCI_SETTARGETRANGE, s, s + SelLength());
+    SciPtr(SCI_REPLACETARGET, bytes.size(), bytes.data());
+    int64_t caret = s + int64_t(bytes.size());
+    Sci(SCI_SETSEL, caret, caret);
+    NotifySelChange();
+}
+
+void RichEdit::PaintRange(int64_t start, int64_t length, ColorSlot slot) {
+    int64_t n = TextLength();
+    start = std::clamp<int64_t>(start, 0, n);
+    length = std::clamp<int64_t>(length, 0, n - start);
+    if (length == 0) return;
+    Sci(SCI_STARTSTYLING, start, 0);
+    Sci(SCI_SETSTYLING, length, long(slot));
+}
+
+void RichEdit::PaintStyles(int64_t start, std::string_view styleBytes) {
+    int64_t n = TextLength();
+    if (start < 0 || start >= n || styleBytes.empty()) return;
+    size_t len = std::min<size_t>(styleBytes.size(), size_t(n - start));
+    Sci(SCI_STARTSTYLING, start, 0);
+    SciPtr(SCI_SETSTYLINGEX, len, styleBytes.data());
+}
+
+ColorSlot RichEdit::SlotAt(int64_t pos) const {
+    long s = Sci(SCI_GETSTYLEAT, pos);
+    return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
+}
+
+void RichEdit::SetSelColor(ColorSlot slot) { PaintRange(SelStart(), SelLength(), slot); }
+
+// ---------------------------------------------------------------- look
+
+void RichEdit::ApplyFont() {
+    QString family = fontName_;
+    // A font the machine lacks would fall back to a proportional face; a programmer's
+    // editor falls back to the system's fixed-width font instead.
+    if (!QFontDatabase::hasFamily(family))
+        family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    QByteArray name = family.toUtf8();
+    auto apply = [&](unsigned long style) {
+        SciPtr(SCI_STYLESETFONT, style, name.constData());
+        Sci(SCI_STYLESETSIZEFRACTIONAL, style, long(std::max(1.0f, fontSize_) * 100));
+        Sci(SCI_STYLESETBOLD, style, bold_);
+        Sci(SCI_STYLESETITALIC, style, italic_);
+    };
+    apply(STYLE_DEFAULT);
+    for (unsigned long s = 0; s < kStyleMask; ++s) apply(s);
+}
+
+static long ColorRef(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue() << 16); }
+
+void RichEdit::ApplyColors() {
+    Sci(SCI_STYLESETBACK, STYLE_DEFAULT, ColorRef(back_));
+    Sci(SCI_STYLESETFORE, STYLE_DEFAULT, ColorRef(slotColors_[0]));
+    for (unsigned long s = 0; s < kStyleMask; ++s) {
+        Sci(SCI_STYLESETBACK, s, ColorRef(back_));
+        Sci(SCI_STYLESETFORE, s, ColorRef(slotColors_[s]));
+    }
+    // The caret must stay visible on a dark background.
+    QColor caret = back_.lightness() < 128 ? Qt::white : Qt::black;
+    Sci(SCI_SETCARETFORE, ColorRef(caret));
+}
+
+void RichEdit::SetSelFontName(const QString& name) {
+    if (name == fontName_) return;
+    fontName_ = name;
+    ApplyFont();
+}
+void RichEdit::SetSelFontSize(float points) {
+    if (points == fontSize_) return;
+    fontSize_ = points;
+    ApplyFont();
+}
+void RichEdit::SetSelBold(bool bold) {
+    if (bold == bold_) return;
+    bold_ = bold;
+    ApplyFont();
+}
+void RichEdit::SetSelItalic(bool italic) {
+    if (italic == italic_) return;
+    italic_ = italic;
+    ApplyFont();
+}
+void RichEdit::SetSelIndent(int twips) { Sci(SCI_SETMARGINLEFT, 0, twips / kTwipsPerPixel); }
+
+void RichEdit::SetBackColor(const QColor& c) {
+    if (c == back_) return;
+    back_ = c;
+    ApplyColors();
+}
+
+void RichEdit::SetSlotColor(ColorSlot slot, const QColor& c) {
+    if (slotColors_[size_t(slot)] == c) return;
+    slotColors_[size_t(slot)] = c;
+    Sci(SCI_STYLESETFORE, (unsigned long)slot, ColorRef(c));
+    if (slot == ColorSlot::Text) Sci(SCI_STYLESETFORE, STYLE_DEFAULT, ColorRef(c));
+}
+
+void RichEdit::SetRightMargin(int twips) {
+    setWrapMode(twips >= 1048576 ? QsciScintilla::WrapNone : QsciScintilla::WrapWord);
+}
+
+// ---------------------------------------------------------------- files
+
+void RichEdit::ResetEncoding(bool utf8) { setUtf8(utf8); }
+
+bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        if (error) *error = f.errorString();
+        return false;
+    }
+    // Read in chunks straight into the control, so that a large file is held only once
+    // beside the control's own buffer.
+    constexpr qint64 kChunk = 4 << 20;
+    CrLfNormalizer norm;
+    Utf8Validator utf8;
+    std::string raw, converted;
+    raw.resize(size_t(std::min<qint64>(kChunk, std::max<qint64>(f.size(), 1))));
+    Sci(SCI_SETUNDOCOLLECTION, 0);
+    Sci(SCI_CLEARALL);
+    if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
+    bool ok = true;
+    for (;;) {
+        qint64 n = f.read(raw.data(), qint64(raw.size()));
+        if (n < 0) {
+            ok = false;
+            break;
+        }
+        if (n == 0) break;
+        std::string_view piece(raw.data(), size_t(n));
+        utf8.Feed(piece);
+        converted.clear();
+        norm.Feed(piece, converted);
+        SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
+    }
+    converted.clear();
+    norm.Finish(converted);
+    SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
+    setUtf8(utf8.Finish());
+    Sci(SCI_SETUNDOCOLLECTION, 1);
+    Sci(SCI_EMPTYUNDOBUFFER);
+    Sci(SCI_SETSEL, 0, 0);
+    if (!ok && error) *error = f.errorString();
+    (void)type;
+    return ok;
+}
+
+bool RichEdit::SaveFile(const QString& path, int type, QString* error) {
+    // Through a temporary file in the same folder and a rename over the old file, so that a
+    // failed write leaves the old file whole; where the folder cannot be written but the file
+    // can, the file is written in place.
+    QSaveFile f(path);
+    f.setDirectWriteFallback(true);
+    if (!f.open(QIODevice::WriteOnly)) {
+        if (error) *error = f.errorString();
+        return false;
+    }
+    std::string_view bytes = TextView();
+    (void)type;
+    if (f.write(bytes.data(), qint64(bytes.size())) != qint64(bytes.size()) || !f.commit()) {
+        if (error) *error = f.errorString();
+        f.cancelWriting();
+        return false;
+    }
+    return true;
+}
+
+// ---------------------------------------------------------------- search
+
+int64_t RichEdit::Find(std::string_view text, int64_t start, int64_t end, bool wholeWord,
+                       bool matchCase) {
+    if (text.empty()) return -1;
+    int64_t n = TextLength();
+    if (end < 0 || end > n) end = n;
+    start = std::clamp<int64_t>(start, 0, n);
+    Sci(SCI_SETTARGETRANGE, start, end);
+    Sci(SCI_SETSEARCHFLAGS, (wholeWord ? SCFIND_WHOLEWORD : 0) | (matchCase ? SCFIND_MATCHCASE : 0));
+    long pos = SciPtr(SCI_SEARCHINTARGET, text.size(), text.data());
+    if (pos < 0) return -1;
+    Sci(SCI_SETSEL, pos, pos + long(text.size()));
+    return pos;
+}
+
+void RichEdit::Span(std::string_view set, bool forward) {
+    std::string_view t = TextView();
+    int64_t caret = Sci(SCI_GETCURRENTPOS);
+    int64_t p = caret;
+    if (forward) {
+        while (p < int64_t(t.size()) && set.find(t[size_t(p)]) == std::string_view::npos) ++p;
+        Sci(SCI_SETSEL, caret, p);
+    } else {
+        while (p > 0 && set.find(t[size_t(p - 1)]) == std::string_view::npos) --p;
+        Sci(SCI_SETSEL, caret, p);
+    }
+}
+
+// ---------------------------------------------------------------- lines
+
+int RichEdit::LineFromChar(int64_t pos) const { return int(Sci(SCI_LINEFROMPOSITION, pos)); }
+int64_t RichEdit::LineIndex(int line) const { return Sci(SCI_POSITIONFROMLINE, line); }
+int64_t RichEdit::LineLength(int64_t pos) const {
+    int line = LineFromChar(pos);
+    return Sci(SCI_GETLINEENDPOSITION, line) - Sci(SCI_POSITIONFROMLINE, line);
+}
+int RichEdit::GetLineCount() const { return int(Sci(SCI_GETLINECOUNT)); }
+int RichEdit::FirstVisibleLine() const { return int(Sci(SCI_GETFIRSTVISIBLELINE)); }
+void RichEdit::SetFirstVisibleLine(int line) { Sci(SCI_SETFIRSTVISIBLELINE, line); }
+void RichEdit::Undo() { Sci(SCI_UNDO); }
+
+void RichEdit::SetRedraw(bool on) {
+    if (!on) {
+        if (redrawOff_++ == 0) setUpdatesEnabled(false);
+    } else if (redrawOff_ > 0 && --redrawOff_ == 0) {
+        setUpdatesEnabled(true);
+        viewport()->update();
+    }
+}
+
+// ---------------------------------------------------------------- events
+
+int VirtualKeyOf(int k) {
+    if (k >= Qt::Key_A && k <= Qt::Key_Z) return 65 + (k - Qt::Key_A);
+    if (k >= Qt::Key_0 && k <= Qt::Key_9) return 48 + (k - Qt::Key_0);
+    if (k >= Qt::Key_F1 && k <= Qt::Key_F24) return 112 + (k - Qt::Key_F1);
+    switch (k) {
+    case Qt::Key_Backspace: return 8;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return 13;
+    case Qt::Key_Shift: return 16;
+    case Qt::Key_Control: return 17;
+    case Qt::Key_Alt: return 18;
+    case Qt::Key_Pause: return 19;
+    case Qt::Key_CapsLock: return 20;
+    case Qt::Key_Escape: return 27;
+    case Qt::Key_Space: return 32;
+    case Qt::Key_PageUp: return 33;
+    case Qt::Key_PageDown: return 34;
+    case Qt::Key_End: return 35;
+    case Qt::Key_Home: return 36;
+    case Qt::Key_Left: return 37;
+    case Qt::Key_Up: return 38;
+    case Qt::Key_Right: return 39;
+    case Qt::Key_Down: return 40;
+    case Qt::Key_Insert: return 45;
+    case Qt::Key_Delete: return 46;
+    case Qt::Key_NumLock: return 144;
+    default: return 0;
+    }
+}
+
+int ShiftStateOf(Qt::KeyboardModifiers m) {
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
+           (m & Qt::AltModifier ? 4 : 0);
+}
+
+bool RichEdit::Representable(const QString& s) const {
+    if (isUtf8()) return true;
+    return std::all_of(s.begin(), s.end(), [](QChar c) { return c.unicode() <= 0xFF; });
+}
+
+void RichEdit::keyPressEvent(QKeyEvent* e) {
+    int key = e->key();
+    int vk = VirtualKeyOf(key);
+    int shift = ShiftStateOf(e->modifiers());
+    if (events_ && vk != 0) {
+        events_->rtfText_KeyDown(vk, shift);
+        if (vk == 0) {
+            e->accept();
+            return;
+        }
+    }
+    // The character the key types, if any. Ctrl and Alt combinations type nothing.
+    int ascii = 0;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) ascii = 13;
+    else if (key == Qt::Key_Tab || key == Qt::Key_Backtab) ascii = 9;
+    else if (key == Qt::Key_Backspace) ascii = 8;
+    else if (key == Qt::Key_Escape) ascii = 27;
+    else if (!(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
+             !e->text().isEmpty() && e->text()[0].unicode() >= 32)
+        ascii = e->text()[0].unicode();
+    if (ascii != 0) {
+        int original = ascii;
+        if (events_) events_->rtfText_KeyPress(ascii);
+        if (ascii == 0) {
+            e->accept();
+            return;
+        }
+        if (ascii != original || ascii == 9) {
+            // The handler typed another character (or a tab, which the control would
+            // otherwise turn into its own indentation): insert it ourselves.
+            QString s{QChar(char16_t(ascii))};
+            if (!Representable(s)) {
+                emit CharacterRefused();
+                return;
+            }
+            QByteArray b = isUtf8() ? s.toUtf8() : s.toLatin1();
+            SetSelText(std::string_view(b.constData(), size_t(b.size())));
+            e->accept();
+            return;
+        }
+    }
+    if (!Representable(e->text())) {
+        // A Latin-1 document cannot hold the character; never substitute another one.
+        emit CharacterRefused();
+        e->accept();
+        return;
+    }
+    QsciScintilla::keyPressEvent(e);
+}
+
+void RichEdit::inputMethodEvent(QInputMethodEvent* e) {
+    if (!Representable(e->commitString())) {
+        emit CharacterRefused();
+        e->accept();
+        return;
+    }
+    QsciScintilla::inputMethodEvent(e);
+}
+
+void RichEdit::keyReleaseEvent(QKeyEvent* e) {
+    int vk = VirtualKeyOf(e->key());
+    int shift = ShiftStateOf(e->modifiers());
+    if (events_ && vk != 0 && !e->isAutoRepeat()) events_->rtfText_KeyUp(vk, shift);
+    QsciScintilla::keyReleaseEvent(e);
+}
+
+void RichEdit::mouseReleaseEvent(QMouseEvent* e) {
+    QsciScintilla::mouseReleaseEvent(e);
+    int button = e->button() == Qt::LeftButton    ? 1
+                 : e->button() == Qt::RightButton ? 2
+                 : e->button() == Qt::MiddleButton ? 4
+                                                   : 0;
+    if (events_)
+        events_->rtfText_MouseUp(button, ShiftStateOf(e->modifiers()), int(e->position().x()),
+                                 int(e->position().y()));
+}
+
+void RichEdit::contextMenuEvent(QContextMenuEvent* e) { e->accept(); }
+
+static QStringList LocalFiles(const QMimeData* m) {
+    QStringList files;
+    if (!m || !m->hasUrls()) return files;
+    for (const QUrl& u : m->urls())
+        if (u.isLocalFile()) files << u.toLocalFile();
+    return files;
+}
+
+void RichEdit::dragEnterEvent(QDragEnterEvent* e) {
+    if (!LocalFiles(e->mimeData()).isEmpty()) {
+        e->acceptProposedAction();
+        return;
+    }
+    QsciScintilla::dragEnterEvent(e);
+}
+
+void RichEdit::dragMoveEvent(QDragMoveEvent* e) {
+    if (!LocalFiles(e->mimeData()).isEmpty()) {
+        e->acceptProposedAction();
+        return;
+    }
+    QsciScintilla::dragMoveEvent(e);
+}
+
+void RichEdit::dropEvent(QDropEvent* e) {
+    QStringList files = LocalFiles(e->mimeData());
+    if (!files.isEmpty()) {
+        e->acceptProposedAction();
+        if (events_) events_->rtfText_OLEDragDrop(files);
+        return;
+    }
+    QsciScintilla::dropEvent(e);
+}
+
+QByteArray RichEdit::fromMimeData(const QMimeData* source, bool& rectangular) const {
+    if (source && source->hasText() && !Representable(source->text())) {
+        emit const_cast<RichEdit*>(this)->CharacterRefused();
+        rectangular = false;
+        return {};
+    }
+    return QsciScintilla::fromMimeData(source, rectangular);
+}

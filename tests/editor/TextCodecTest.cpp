@@ -32,3 +32,25 @@ TEST(TextCodec, Utf8Validity) {
                                      {"\x80", false}})
         EXPECT_EQ(IsValidUtf8(c.bytes), c.valid) << c.bytes;
 }
+
+// The chunked readers must agree with the whole-buffer functions wherever the chunks split.
+TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
+    const std::vector<std::string> texts = {
+        "a\r\nb\rc\nd\r", "\r\r\n\n\r", "gr\xC3\xBC\xC3\x9F\r\n\xE2\x82\xAC\xF0\x9F\x98\x80",
+        "caf\xE9\n", "ok\xE2\x82", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80"};
+    for (const auto& t : texts) {
+        for (size_t chunk = 1; chunk <= t.size(); ++chunk) {
+            CrLfNormalizer norm;
+            Utf8Validator utf;
+            std::string out;
+            for (size_t p = 0; p < t.size(); p += chunk) {
+                std::string_view piece = std::string_view(t).substr(p, chunk);
+                norm.Feed(piece, out);
+                utf.Feed(piece);
+            }
+            norm.Finish(out);
+            EXPECT_EQ(out, ToCrLf(t)) << "chunk " << chunk;
+            EXPECT_EQ(utf.Finish(), IsValidUtf8(t)) << "chunk " << chunk << " of " << t;
+        }
+    }
+}

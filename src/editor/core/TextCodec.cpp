@@ -77,3 +77,86 @@ std::string StripCr(std::string_view b) {
         if (c != '\r') out += c;
     return out;
 }
+
+void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
+    size_t i = 0;
+    if (pendingCr_ && !chunk.empty()) {
+        out += "\r\n";
+        if (chunk[0] == '\n') i = 1;
+        pendingCr_ = false;
+    }
+    size_t start = i;
+    for (; i < chunk.size(); ++i) {
+        char c = chunk[i];
+        if (c == '\r') {
+            if (i + 1 == chunk.size()) {
+                out.append(chunk.substr(start, i - start));
+                pendingCr_ = true;
+                return;
+            }
+            if (chunk[i + 1] == '\n') {
+                ++i;
+                continue;
+            }
+            out.append(chunk.substr(start, i - start));
+            out += "\r\n";
+            start = i + 1;
+        } else if (c == '\n') {
+            out.append(chunk.substr(start, i - start));
+            out += "\r\n";
+            start = i + 1;
+        }
+    }
+    out.append(chunk.substr(start));
+}
+
+void CrLfNormalizer::Finish(std::string& out) {
+    if (pendingCr_) out += "\r\n";
+    pendingCr_ = false;
+}
+
+void Utf8Validator::Feed(std::string_view chunk) {
+    if (!valid_) return;
+    std::string joined;
+    if (!carry_.empty()) {
+        joined = carry_;
+        joined.append(chunk.substr(0, 3));
+        chunk = chunk.substr(std::min<size_t>(3, chunk.size()));
+        // Validate the carried sequence with enough of the new chunk to complete it.
+        size_t lead = 0;
+        unsigned char c = static_cast<unsigned char>(joined[0]);
+        lead = c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : 2;
+        if (joined.size() < lead) {
+            carry_ = joined;
+            return;
+        }
+        std::string_view rest(joined);
+        // Everything of joined after the carried sequence goes back in front of the chunk.
+        std::string tail(rest.substr(lead));
+        if (!IsValidUtf8(rest.substr(0, lead))) {
+            valid_ = false;
+            return;
+        }
+        carry_.clear();
+        tail.append(chunk);
+        joined = std::move(tail);
+        chunk = joined;
+    }
+    // Keep an incomplete sequence at the very end for the next chunk.
+    size_t n = chunk.size(), cut = n;
+    for (size_t k = 1; k <= 3 && k <= n; ++k) {
+        unsigned char c = static_cast<unsigned char>(chunk[n - k]);
+        if ((c & 0xC0) == 0x80) continue; // continuation byte: look further back
+        size_t need = c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : c >= 0xC0 ? 2 : 1;
+        if (need > k) cut = n - k;
+        break;
+    }
+    if (!IsValidUtf8(chunk.substr(0, cut))) valid_ = false;
+    carry_.assign(chunk.substr(cut));
+}
+
+bool Utf8Validator::Finish() {
+    if (!carry_.empty()) valid_ = false;
+    carry_.clear();
+    return valid_;
+}

@@ -12,3 +12,25 @@ bool IsAllCrLf(std::string_view bytes);
 bool IsValidUtf8(std::string_view bytes);
 // Deletes every CR: the bytes of an export with UNIX line ends.
 std::string StripCr(std::string_view bytes);
+
+// The same two jobs for a file read in chunks, so that a large file is never held twice.
+class CrLfNormalizer {
+  public:
+    // Appends the converted chunk to out. A CR at the end of a chunk waits for the next one.
+    void Feed(std::string_view chunk, std::string& out);
+    void Finish(std::string& out);
+
+  private:
+    bool pendingCr_ = false;
+};
+
+class Utf8Validator {
+  public:
+    void Feed(std::string_view chunk);
+    bool Finish();
+    bool StillValid() const { return valid_; }
+
+  private:
+    bool valid_ = true;
+    std::string carry_; // an incomplete sequence at the end of the last chunk
+};

@@ -1,0 +1,152 @@
+#pragma once
+// rtfText: the document's edit control. A QsciScintilla that offers the operations the
+// program needs of it. Positions are byte offsets into the buffer, in which every line end
+// is held as CR LF. The bytes of a file are kept as they are: the buffer is shown as UTF-8
+// when the file is valid UTF-8 (new documents are UTF-8), otherwise as Latin-1.
+// Colour reaches the text as styles, one per colour slot, so that colouring is neither an
+// edit nor an undo step.
+#include "editor/core/ColorSlot.h"
+
+#include <Qsci/qsciscintilla.h>
+#include <QColor>
+#include <QStringList>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// What the control reports to its owner, under the names of the owner's handlers.
+class RichEditEvents {
+  public:
+    virtual ~RichEditEvents() = default;
+    virtual void rtfText_Change() {}
+    // Key codes are the classic virtual-key codes (Tab 9, Enter 13, Space 32, Left 37, Up 38,
+    // Right 39, Down 40); Shift is 1 for Shift, 2 for Ctrl, 4 for Alt. KeyCode 0 swallows.
+    virtual void rtfText_KeyDown(int& KeyCode, int& Shift) {}
+    // The character code of a key that types something; writing 0 swallows the key.
+    virtual void rtfText_KeyPress(int& KeyAscii) {}
+    virtual void rtfText_KeyUp(int& KeyCode, int& Shift) {}
+    // Button: 1 left, 2 right, 4 middle.
+    virtual void rtfText_MouseUp(int Button, int Shift, int x, int y) {}
+    virtual void rtfText_SelChange() {}
+    virtual void rtfText_OLEDragDrop(const QStringList& files) {}
+};
+
+class RichEdit : public QsciScintilla {
+    Q_OBJECT
+  public:
+    explicit RichEdit(QWidget* parent = nullptr);
+
+    void SetEvents(RichEditEvents* sink) { events_ = sink; }
+
+    // --- Text and selection ---
+    std::string Text() const;
+    // The buffer read in place; valid until the next change of the text.
+    std::string_view TextView() const;
+    void SetText(std::string_view bytes); // line ends become CR LF
+    int64_t TextLength() const;
+    int64_t SelStart() const;
+    void SetSelStart(int64_t pos); // collapses the selection
+    int64_t SelLength() const;
+    void SetSelLength(int64_t len);
+    std::string SelText() const;
+    // Replaces the selection; the caret lands behind the new text. Bytes are taken as they
+    // are, so callers pass CR LF line ends.
+    void SetSelText(std::string_view bytes);
+    void SetSelColor(ColorSlot slot);
+    // Paints a stretch directly (the painter's output), clipped to the buffer.
+    void PaintRange(int64_t start, int64_t length, ColorSlot slot);
+    void PaintStyles(int64_t start, std::string_view styleBytes); // one slot byte per position
+    ColorSlot SlotAt(int64_t pos) const;
+
+    // --- Look ---
+    // The font applies to every slot: the control has one typeface, as the editor shows one.
+    void SetSelFontName(const QString& name);
+    void SetSelFontSize(float points);
+    float SelFontSize() const { return fontSize_; }
+    void SetSelBold(bool bold);
+    void SetSelItalic(bool italic);
+    void SetSelIndent(int twips);
+    void SetBackColor(const QColor& c);
+    void SetSlotColor(ColorSlot slot, const QColor& c);
+    QColor SlotColor(ColorSlot slot) const { return slotColors_[size_t(slot)]; }
+    // Wrap column in twips; 1048576 and above turns wrapping off.
+    void SetRightMargin(int twips);
+    bool Wrapping() const { return wrapMode() != QsciScintilla::WrapNone; }
+
+    // --- Files ---
+    // Type 1 is plain text. On failure returns false with the reason in *error.
+    bool LoadFile(const QString& path, int type, QString* error);
+    bool SaveFile(const QString& path, int type, QString* error);
+    bool IsUtf8Document() const { return isUtf8(); }
+    // A new, empty document in UTF-8.
+    void ResetEncoding(bool utf8);
+
+    // --- Search ---
+    // Finds text in [start, end) (end -1: to the end); selects and returns the position,
+    // or -1.
+    int64_t Find(std::string_view text, int64_t start, int64_t end, bool wholeWord,
+                 bool matchCase);
+    // Grows the selection from the caret until a character of the set is met.
+    void Span(std::string_view charSet, bool forward);
+
+    // --- Line messages ---
+    int LineFromChar(int64_t pos) const;
+    int64_t LineIndex(int line) const;
+    int64_t LineLength(int64_t pos) const; // of the line that holds pos, without its line end
+    int GetLineCount() const;
+    int FirstVisibleLine() const;
+    void SetFirstVisibleLine(int line);
+    void Undo(); // EM_UNDO
+
+    // WM_SETREDRAW: paired freezes of the display, nestable.
+    void SetRedraw(bool on);
+
+  signals:
+    // A typed or pasted character that a Latin-1 document cannot hold was refused.
+    void CharacterRefused();
+
+  protected:
+    void keyPressEvent(QKeyEvent* e) override;
+    void keyReleaseEvent(QKeyEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void contextMenuEvent(QContextMenuEvent* e) override;
+    void dragEnterEvent(QDragEnterEvent* e) override;
+    void dragMoveEvent(QDragMoveEvent* e) override;
+    void dropEvent(QDropEvent* e) override;
+    QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
+    void inputMethodEvent(QInputMethodEvent* e) override;
+
+  private:
+    long Sci(unsigned int msg, unsigned long w = 0, long l = 0) const;
+    long SciPtr(unsigned int msg, unsigned long w, const void* p) const;
+    bool Representable(const QString& s) const;
+    void ApplyFont();
+    void ApplyColors();
+    void NotifySelChange();
+
+    RichEditEvents* events_ = nullptr;
+    std::array<QColor, kColorSlotCount> slotColors_{};
+    QColor back_ = Qt::white;
+    QString fontName_ = QStringLiteral("Monospace");
+    float fontSize_ = 10;
+    bool bold_ = false, italic_ = false;
+    int redrawOff_ = 0;
+    long lastAnchor_ = 0, lastCaret_ = 0;
+};
+
+// Virtual-key code of a Qt key (0 when it has none we use).
+int VirtualKeyOf(int qtKey);
+int ShiftStateOf(Qt::KeyboardModifiers m);
+
+// One undo step for everything a command does to the text, however many edits it makes.
+class UndoGroup {
+  public:
+    explicit UndoGroup(RichEdit& e) : e_(e) { e_.beginUndoAction(); }
+    ~UndoGroup() { e_.endUndoAction(); }
+    UndoGroup(const UndoGroup&) = delete;
+    UndoGroup& operator=(const UndoGroup&) = delete;
+
+  private:
+    RichEdit& e_;
+};

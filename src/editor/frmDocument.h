@@ -1,0 +1,91 @@
+#pragma once
+// frmDocument: one document window of the main window, built round its edit control.
+// It owns its text and colours and a private copy of the syntax settings, so that documents
+// of different languages keep their own keyword lists.
+#include "app/core/EditorSettings.h"
+#include "editor/RichEdit.h"
+
+#include <QString>
+#include <QWidget>
+
+class QLabel;
+class QTimer;
+class QMdiSubWindow;
+
+class frmDocument : public QWidget, public RichEditEvents {
+    Q_OBJECT
+  public:
+    // Why a window closes: 0 the user, 1 code, above 1 the main window or the session ends.
+    enum UnloadMode { vbFormControlMenu = 0, vbFormCode = 1, vbAppWindows = 2, vbFormMDIForm = 4 };
+
+    explicit frmDocument(int16_t formIndex, QWidget* parent = nullptr);
+    ~frmDocument() override;
+
+    // The text differs from the file on disk.
+    bool Changed = false;
+    // The text changed since it was last coloured.
+    bool ChangedHighLight = false;
+    // Slot in the table of documents; names the tab "Tab<n>".
+    int16_t FormIndex = 0;
+    bool CodingInProgress() const { return codingInProgress_; }
+
+    RichEdit* rtfText = nullptr;
+    QLabel* lblColors = nullptr;
+    QTimer* tmrChanges = nullptr;
+
+    // Full path of the file, empty for a new document.
+    QString Tag;
+    QString Caption() const { return windowTitle(); }
+    void SetCaption(const QString& caption);
+    QString TabKey() const { return QStringLiteral("Tab%1").arg(FormIndex); }
+    // The window's own copy of the syntax settings.
+    EditorSettings& Settings() { return settings_; }
+    bool SyntaxLoaded() const { return syntaxLoaded_; }
+    QMdiSubWindow* SubWindow() const;
+
+    // Closes the window for the given reason; false when it stayed open.
+    bool CloseWith(UnloadMode reason);
+
+    void Form_Load();
+    void Form_Resize();
+    void ToggleWrap();
+    void ReflectSettings();
+    void RefreshDisplay();
+    void Form_Activate();
+    void Form_GotFocus();
+    void tmrChanges_Timer();
+
+    // Colouring.
+    void ColorCode();
+    void CodeLine();
+    void CodePassage(int64_t first, int64_t last);
+    void CommentBlock();
+    // Reads the profile that the file's extension names into Settings.
+    void SetSyntax();
+
+    // Handlers of rtfText.
+    void rtfText_Change() override;
+    void rtfText_KeyDown(int& KeyCode, int& Shift) override;
+    void rtfText_KeyPress(int& KeyAscii) override;
+    void rtfText_KeyUp(int& KeyCode, int& Shift) override;
+    void rtfText_MouseUp(int Button, int Shift, int x, int y) override;
+    void rtfText_SelChange() override;
+    void rtfText_OLEDragDrop(const QStringList& files) override;
+
+    bool SelChangeMuted = false;
+
+  protected:
+    void closeEvent(QCloseEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+
+  private:
+    // Form_QueryUnload: true cancels the close.
+    bool Form_QueryUnload(int unloadMode);
+    void Form_Unload();
+
+    EditorSettings settings_;
+    bool codingInProgress_ = false;
+    bool syntaxLoaded_ = false;
+    bool unloaded_ = false;
+    int pendingUnloadMode_ = vbFormControlMenu;
+};

@@ -1,0 +1,121 @@
+#include "support/AppFixture.h"
+
+#include <QStatusBar>
+#include <QTabBar>
+#include <QToolBar>
+
+namespace {
+struct MainWindowTest : AppFixture {
+    void Restart(const QString& commandLine = {}) {
+        main->close();
+        main.reset();
+        Start(commandLine);
+    }
+};
+} // namespace
+
+TEST_F(MainWindowTest, FirstStartMaximisesAndLaterStartsRestoreTheWindow) {
+    Start();
+    EXPECT_TRUE(main->isMaximized());
+    EXPECT_EQ(Setting("First Load"), "False");
+    EXPECT_EQ(Setting("Build", "Version"), QString::number(ProgramBuildNumber()));
+    ASSERT_EQ(Documents().OpenDocuments().size(), 1u);
+    EXPECT_EQ(main->ActiveForm()->Caption(), "Untitled 1");
+
+    main->showNormal();
+    main->setGeometry(40, 50, 700, 500);
+    main->tbSearch->hide();
+    main->statusBar()->hide();
+    main->BrowserRolledUp = true;
+    main->LastDir = "/tmp/";
+    Restart();
+    EXPECT_FALSE(main->isMaximized());
+    EXPECT_EQ(main->size(), QSize(700, 500));
+    EXPECT_EQ(Setting("MainWidth"), "700");
+    EXPECT_EQ(Setting("SearchToolBar"), "False");
+    EXPECT_EQ(Setting("CompilerToolBar"), "True");
+    EXPECT_EQ(Setting("FileBrowser"), "False");
+    EXPECT_EQ(Setting("ClipText"), "True");
+    EXPECT_EQ(Setting("LastDir"), "/tmp/");
+    EXPECT_TRUE(main->tbSearch->isHidden());
+    EXPECT_TRUE(main->statusBar()->isHidden());
+    EXPECT_TRUE(main->BrowserRolledUp);
+}
+
+TEST_F(MainWindowTest, AChangedBuildNumberResetsEditorSettingsAndAssociations) {
+    SaveSetting("Kestrum", "Version", "Build", "0");
+    SaveSetting("Kestrum", "Settings", "First Load", "False");
+    SaveSetting("Kestrum", "Settings", "TabWidth", "8");
+    SaveSetting("Kestrum", "Syntax Associations", "C", "Mine");
+    SaveSetting("Kestrum", "Printer Settings", "TopMargin", "2.5");
+    Start();
+    EXPECT_EQ(Setting("TabWidth"), "<none>");
+    EXPECT_EQ(Setting("C", "Syntax Associations"), "<none>");
+    EXPECT_EQ(g_EditorSettings().TabWidth, 4);
+    EXPECT_FLOAT_EQ(g_PrintMargins().Top, 2.5f); // printer settings survive
+    EXPECT_TRUE(main->isMaximized());              // "First Load" went with the section
+}
+
+TEST_F(MainWindowTest, StoredEditorSettingsReachTheGlobalRecord) {
+    SaveSetting("Kestrum", "Version", "Build", QString::number(ProgramBuildNumber()));
+    SaveSetting("Kestrum", "Settings", "Backup", "True");
+    Store().SaveSetting("Kestrum", "Settings", "Keywords0", "for\xFF" "while\xFF");
+    Start();
+    EXPECT_TRUE(g_EditorSettings().Backup);
+    EXPECT_EQ(g_EditorSettings().Keywords[0], "for\xFF" "while\xFF");
+}
+
+TEST_F(MainWindowTest, TheCommandLineNamesOneFileQuotedOrNot) {
+    std::string file = tmp.write("my file.txt", "line one\nline two\n");
+    for (QString cmd : {QString::fromStdString(file), "\"" + QString::fromStdString(file) + "\""}) {
+        Start(cmd);
+        // The file goes into the blank document that every start makes.
+        auto docs = Documents().OpenDocuments();
+        ASSERT_EQ(docs.size(), 1u);
+        EXPECT_EQ(docs[0]->Caption(), "my file.txt");
+        EXPECT_EQ(main->tabFiles->tabText(0), "my file.txt");
+        EXPECT_EQ(docs[0]->Tag.toStdString(), file);
+        EXPECT_EQ(docs[0]->rtfText->Text(), "line one\r\nline two\r\n");
+        EXPECT_FALSE(docs[0]->Changed);
+        EXPECT_FALSE(FileExists(file + "~"));
+        main->close();
+        main.reset();
+    }
+}
+
+TEST_F(MainWindowTest, CommandLineBackupAndFailures) {
+    SaveSetting("Kestrum", "Version", "Build", QString::number(ProgramBuildNumber()));
+    SaveSetting("Kestrum", "Settings", "Backup", "True");
+    std::string file = tmp.write("a.c", "int x;\n");
+    Start(QString::fromStdString(file));
+    EXPECT_EQ(ReadFileBytes(file + "~"), "int x;\r\n");
+    main->close();
+    main.reset();
+
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    Start(Path("no such file.txt"));
+    ASSERT_EQ(dialogs.asked.size(), 1u);
+    EXPECT_TRUE(dialogs.asked[0].text.startsWith("An error occurred while processing the file " +
+                                                 Path("no such file.txt") +
+                                                 ", specified in the command line.\r\n"));
+    ASSERT_EQ(Documents().OpenDocuments().size(), 1u); // the editor runs on
+    EXPECT_EQ(main->ActiveForm()->Caption(), "Untitled 1");
+}
+
+TEST_F(MainWindowTest, UserResetKeepsOnlyWhatTheCloseStepWrites) {
+    Start();
+    SaveSetting("Kestrum", "Settings", "TabWidth", "8");
+    SaveSetting("Kestrum", "Syntax Associations", "C", "Mine");
+    dialogs.AnswerMsgBox(MsgResult::No);
+    main->mnuPrefsReset_Click();
+    EXPECT_EQ(Setting("TabWidth"), "8");
+    dialogs.AnswerMsgBox(MsgResult::Yes);
+    main->mnuPrefsReset_Click();
+    EXPECT_EQ(dialogs.asked.back().caption, "Confirm.");
+    EXPECT_EQ(Setting("TabWidth"), "<none>");
+    EXPECT_EQ(Setting("First Load"), "<none>");
+    EXPECT_EQ(Setting("C", "Syntax Associations"), "<none>");
+    EXPECT_NE(Setting("MainWidth"), "<none>");
+    EXPECT_NE(Setting("RecentFile1"), "<none>");
+    main.reset();
+}

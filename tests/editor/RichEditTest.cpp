@@ -1,0 +1,159 @@
+#include "editor/RichEdit.h"
+#include "support/TempDir.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QSignalSpy>
+#include <sys/stat.h>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+// Types characters that have no key of their own on a test keyboard.
+void TypeUnicode(QWidget* w, const QString& text) {
+    for (QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(w, &press);
+        QApplication::sendEvent(w, &release);
+    }
+}
+
+struct Recorder : RichEditEvents {
+    int changes = 0;
+    std::vector<int> keyDowns, keyPresses, keyUps;
+    int swallow = 0; // character to swallow in KeyPress
+    void rtfText_Change() override { ++changes; }
+    void rtfText_KeyDown(int& k, int&) override { keyDowns.push_back(k); }
+    void rtfText_KeyPress(int& c) override {
+        keyPresses.push_back(c);
+        if (c == swallow) c = 0;
+    }
+    void rtfText_KeyUp(int& k, int&) override { keyUps.push_back(k); }
+};
+
+struct RichEditTest : ::testing::Test {
+    TempDir dir;
+    RichEdit edit;
+    Recorder rec;
+    RichEditTest() {
+        edit.SetEvents(&rec);
+        edit.resize(400, 300);
+        edit.show();
+    }
+    std::string Load(std::string_view bytes) {
+        std::string p = dir.write("in.txt", bytes);
+        QString err;
+        EXPECT_TRUE(edit.LoadFile(QString::fromStdString(p), 1, &err)) << err.toStdString();
+        return p;
+    }
+    std::string SaveAndRead() {
+        std::string p = dir.file("out.txt");
+        QString err;
+        EXPECT_TRUE(edit.SaveFile(QString::fromStdString(p), 1, &err)) << err.toStdString();
+        return ReadFileBytes(p);
+    }
+};
+} // namespace
+
+TEST_F(RichEditTest, LoadHoldsEveryLineEndAsCrLfAndCountsItTwo) {
+    Load("int a;\nchar b;\rlong c;\r\nend");
+    EXPECT_EQ(edit.Text(), "int a;\r\nchar b;\r\nlong c;\r\nend");
+    EXPECT_EQ(edit.GetLineCount(), 4);
+    EXPECT_EQ(edit.LineIndex(1), 8);
+    EXPECT_EQ(edit.LineFromChar(8), 1);
+    EXPECT_EQ(edit.LineFromChar(7), 0); // the LF of line 0
+    EXPECT_EQ(edit.LineLength(9), 7);   // "char b;" without its line end
+    EXPECT_EQ(edit.LineLength(edit.TextLength()), 3);
+    EXPECT_EQ(SaveAndRead(), edit.Text());
+}
+
+TEST_F(RichEditTest, BytesSurviveLoadAndSaveWhateverTheEncoding) {
+    struct Case { std::string bytes; bool utf8; };
+    for (const auto& c : std::vector<Case>{{"caf\xE9 \xFF\xFE\r\n", false},
+                                           {"gr\xC3\xBC\xC3\x9F \xE2\x82\xAC\r\n", true},
+                                           {std::string("nul\0byte\r\n", 10), true},
+                                           {"", true}}) {
+        Load(c.bytes);
+        EXPECT_EQ(edit.IsUtf8Document(), c.utf8);
+        EXPECT_EQ(edit.Text(), c.bytes);
+        EXPECT_EQ(SaveAndRead(), c.bytes);
+    }
+    Load("caf\xE9");
+    EXPECT_EQ(edit.text(), QString::fromUtf8("café")); // shown as Latin-1
+}
+
+TEST_F(RichEditTest, ALatin1DocumentRefusesCharactersItCannotHold) {
+    Load("caf\xE9");
+    QSignalSpy refused(&edit, &RichEdit::CharacterRefused);
+    edit.SetSelStart(edit.TextLength());
+    TypeUnicode(&edit, QString::fromUtf8("λ"));
+    EXPECT_EQ(refused.count(), 1);
+    EXPECT_EQ(edit.Text(), "caf\xE9");
+    TypeUnicode(&edit, QString::fromUtf8("ü"));
+    EXPECT_EQ(edit.Text(), "caf\xE9\xFC"); // Latin-1 can hold this one
+}
+
+TEST_F(RichEditTest, KeysReachTheHandlersAndZeroSwallows) {
+    edit.SetText("");
+    rec.swallow = 'x';
+    QTest::keyClicks(&edit, "axb");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(edit.Text(), "ab\r\n"); // typed Enter inserts CR LF
+    EXPECT_EQ(rec.keyPresses, (std::vector<int>{'a', 'x', 'b', 13}));
+    EXPECT_EQ(rec.keyDowns, (std::vector<int>{65, 88, 66, 13}));
+    EXPECT_EQ(rec.keyUps, (std::vector<int>{65, 88, 66, 13}));
+    QTest::keyClick(&edit, Qt::Key_Up);
+    EXPECT_EQ(rec.keyDowns.back(), 38);
+    EXPECT_EQ(rec.keyPresses.size(), 4u); // arrows type nothing
+}
+
+TEST_F(RichEditTest, ColourIsNeitherAnEditNorAnUndoStep) {
+    edit.SetText("for while");
+    edit.SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+    int changes = rec.changes;
+    edit.PaintRange(0, 3, ColorSlot::Keywords0);
+    edit.SetSelStart(4);
+    edit.SetSelLength(5);
+    edit.SetSelColor(ColorSlot::Comment);
+    EXPECT_EQ(rec.changes, changes);
+    EXPECT_EQ(edit.SlotAt(1), ColorSlot::Keywords0);
+    EXPECT_EQ(edit.SlotAt(3), ColorSlot::Text);
+    EXPECT_EQ(edit.SlotAt(8), ColorSlot::Comment);
+    edit.PaintStyles(2, std::string("\x02\x02\x02", 3));
+    EXPECT_EQ(edit.SlotAt(4), ColorSlot::Keywords1);
+    edit.PaintRange(7, 100, ColorSlot::Delimiter2); // clipped, no crash
+    EXPECT_EQ(edit.SlotAt(8), ColorSlot::Delimiter2);
+    EXPECT_FALSE(edit.isUndoAvailable());
+}
+
+TEST_F(RichEditTest, SelectionFindAndSpan) {
+    edit.SetText("Alpha beta alphabet\nBETA");
+    EXPECT_EQ(edit.Find("beta", 0, -1, true, true), 6);
+    EXPECT_EQ(edit.SelText(), "beta");
+    EXPECT_EQ(edit.Find("alpha", 1, -1, true, false), -1); // only inside "alphabet"
+    EXPECT_EQ(edit.Find("alpha", 1, -1, false, false), 11);
+    EXPECT_EQ(edit.Find("BETA", 7, -1, false, true), 21);
+    edit.SetSelStart(19); // behind "alphabet"
+    edit.Span(std::string_view("\r\n .,:;?!"), false);
+    EXPECT_EQ(edit.SelStart(), 11);
+    EXPECT_EQ(edit.SelText(), "alphabet");
+    edit.SetSelText("x\r\ny");
+    EXPECT_EQ(edit.Text(), "Alpha beta x\r\ny\r\nBETA");
+    EXPECT_EQ(edit.SelStart(), 15); // the caret lands behind the new text
+    EXPECT_EQ(edit.SelLength(), 0);
+}
+
+TEST_F(RichEditTest, AFailedSaveLeavesTheOldFileAlone) {
+    std::string target = dir.write("keep.txt", "old contents");
+    edit.SetText("new contents");
+    QString err;
+    // A directory in place of the file cannot be written, not even by root.
+    std::string asDir = dir.path() + "sub";
+    ASSERT_EQ(::mkdir(asDir.c_str(), 0700), 0);
+    EXPECT_FALSE(edit.SaveFile(QString::fromStdString(asDir), 1, &err));
+    EXPECT_FALSE(err.isEmpty());
+    EXPECT_FALSE(edit.SaveFile(QString::fromStdString(dir.path() + "missing/x.txt"), 1, &err));
+    EXPECT_EQ(ReadFileBytes(target), "old contents");
+    EXPECT_FALSE(edit.LoadFile(QString::fromStdString(dir.path() + "nothere"), 1, &err));
+}

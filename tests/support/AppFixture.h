@@ -1,0 +1,55 @@
+#pragma once
+// A fresh program for each test: its own settings folder and program folder, a main window
+// through its load step, and scripted dialogs.
+#include "app/AppGlobals.h"
+#include "app/frmMain.h"
+#include "editor/DocumentArray.h"
+#include "editor/frmDocument.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempDir.h"
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+class AppFixture : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        SetStoreDirectoryForTesting(tmp.path() + "config");
+        SetAppDirForTesting(QString::fromStdString(tmp.path() + "app"));
+        AppTitle() = "Kestrum";
+        g_EditorSettings() = EditorSettings::Defaults();
+    }
+    void TearDown() override {
+        if (main) {
+            // Close without questions: nothing of a test may wait for a dialog.
+            for (frmDocument* d : Documents().OpenDocuments()) d->Changed = false;
+            main->close();
+            main.reset();
+        }
+        QApplication::processEvents();
+        EXPECT_EQ(dialogs.Pending(), 0u) << "scripted answers left over";
+    }
+    // Runs the main window's load step with the command line, and lets activation happen.
+    frmMain& Start(const QString& commandLine = {}) {
+        main = std::make_unique<frmMain>();
+        main->MDIForm_Load(commandLine);
+        main->show();
+        Settle();
+        return *main;
+    }
+    static void Settle() {
+        for (int i = 0; i < 3; ++i) QApplication::processEvents();
+    }
+    QString Path(const std::string& name) const { return QString::fromStdString(tmp.file(name)); }
+    QString Setting(const QString& key, const QString& section = "Settings") {
+        return GetSetting("Kestrum", section, key, "<none>");
+    }
+
+    TempDir tmp;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<frmMain> main;
+};

@@ -1,0 +1,54 @@
+#pragma once
+// A cDialogs that answers from a script instead of showing anything, and records what the
+// program asked. An unexpected question fails the test and is answered with Cancel.
+#include "components/cDialogs.h"
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+class ScriptedDialogs : public cDialogs {
+  public:
+    struct Question {
+        QString kind; // "MsgBox", "File", "Font", "Color", "Print", "Input"
+        QString text; // message text, dialog title or prompt
+        QString caption;
+        MsgButtons buttons = MsgButtons::OK;
+        FileDialogOptions file;
+    };
+
+    ScriptedDialogs();
+    ~ScriptedDialogs() override;
+
+    ScriptedDialogs& AnswerMsgBox(MsgResult r);
+    ScriptedDialogs& AnswerFile(std::optional<QString> path);
+    ScriptedDialogs& AnswerInput(const QString& text);
+    ScriptedDialogs& AnswerFont(std::optional<QFont> font);
+    ScriptedDialogs& AnswerColor(std::optional<QColor> color);
+    ScriptedDialogs& AnswerPrint(bool ok);
+
+    std::vector<Question> asked;
+    // Answers still waiting; a test usually expects none at its end.
+    size_t Pending() const { return answers_.size(); }
+
+    MsgResult MsgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
+                     const QString& caption) override;
+    std::optional<QString> FileDialog(const FileDialogOptions& options) override;
+    std::optional<QFont> FontDialog(const QFont& initial, const QString& title) override;
+    std::optional<QColor> ColorDialog(const QColor& initial) override;
+    bool PrintDialog(QPrinter& printer) override;
+    QString InputPrompt(const QString& prompt, const QString& title,
+                        const QString& def) override;
+
+  private:
+    struct Answer {
+        QString kind;
+        MsgResult msg = MsgResult::Cancel;
+        std::optional<QString> path;
+        std::optional<QFont> font;
+        std::optional<QColor> color;
+        bool ok = false;
+    };
+    std::optional<Answer> Next(const QString& kind, const Question& q);
+    std::deque<Answer> answers_;
+};
