@@ -1,0 +1,236 @@
+#include "editor/core/Painter.h"
+
+#include "editor/core/KeywordMatcher.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Yields on a time basis: the work is counted, and only every few thousand units is the
+// clock looked at, so that neither a find nor a keyword costs a call into the event loop.
+class Pacer {
+  public:
+    explicit Pacer(PaintContext& ctx) : ctx_(ctx), last_(Clock::now()) {}
+
+    // False when the pass must stop because the text changed.
+    bool Tick(int64_t units) {
+        budget_ -= units;
+        if (budget_ > 0) return true;
+        budget_ = kCheckEvery;
+        if (!ctx_.Yield || Clock::now() - last_ < ctx_.YieldInterval) return true;
+        bool goOn = ctx_.Yield();
+        last_ = Clock::now();
+        return goOn;
+    }
+
+  private:
+    static constexpr int64_t kCheckEvery = 4096;
+    PaintContext& ctx_;
+    Clock::time_point last_;
+    int64_t budget_ = kCheckEvery;
+};
+
+struct Pass {
+    PaintContext& ctx;
+    Pacer pacer{ctx};
+};
+
+PassResult Abort(PaintContext& ctx) {
+    ctx.Flags.CodingInProgress = false;
+    ctx.Flags.ChangedHighLight = true;
+    return PassResult::Aborted;
+}
+
+int64_t TextSize(const PaintContext& ctx) {
+    return int64_t(ctx.Text.size());
+}
+
+// Painting is cut to the text, as the control cuts a selection that runs past its end.
+void PaintClipped(PaintContext& ctx, int64_t start, int64_t length, ColorSlot slot) {
+    int64_t end = std::min(start + length, TextSize(ctx));
+    start = std::max<int64_t>(start, 0);
+    if (end > start) ctx.Target.Paint(start, end - start, slot);
+}
+
+// First occurrence of needle in text at or after from, exact bytes; -1 if none. An empty
+// needle is found where the search starts, as long as that lies inside the text.
+int64_t FindFrom(std::string_view text, int64_t from, std::string_view needle) {
+    const int64_t n = int64_t(text.size());
+    if (from < 0) from = 0;
+    if (from >= n) return -1;
+    if (needle.empty()) return from;
+    const char* base = text.data();
+    const void* hit = needle.size() == 1
+                          ? std::memchr(base + from, needle[0], size_t(n - from))
+                          : ::memmem(base + from, size_t(n - from), needle.data(), needle.size());
+    return hit ? static_cast<const char*>(hit) - base : -1;
+}
+
+// The keyword coder over several lists at once, with the flag effects of running it for each
+// list in turn: all finds come from one scan, then each keyword's finds are painted in list
+// order, so that later keywords still paint over earlier ones.
+PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
+                        const std::vector<std::string_view>& lists, const ColorSlot* slots,
+                        bool showProgress) {
+    PaintContext& ctx = pass.ctx;
+    if (std::all_of(lists.begin(), lists.end(), [](auto l) { return l.empty(); }))
+        return PassResult::Skipped;
+    ctx.Flags.CodingInProgress = true;
+
+    const int64_t lo = std::clamp<int64_t>(first, 0, TextSize(ctx));
+    const int64_t hi = std::clamp<int64_t>(last, lo, TextSize(ctx));
+    const std::string_view stretch = ctx.Text.substr(size_t(lo), size_t(hi - lo));
+    auto matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
+
+    std::vector<KeywordFind> finds;
+    if (!matcher->FindAll(stretch, finds, [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
+        return Abort(ctx);
+
+    // Group the finds by keyword (counting sort; each group stays in text order).
+    std::vector<size_t> from(matcher->PatternCount() + 1, 0);
+    for (auto& f : finds) ++from[f.pattern + 1];
+    for (size_t k = 1; k < from.size(); ++k) from[k] += from[k - 1];
+    std::vector<int64_t> starts(finds.size());
+    {
+        std::vector<size_t> at(from.begin(), from.end() - 1);
+        for (auto& f : finds) starts[at[f.pattern]++] = f.start;
+    }
+
+    for (auto& e : matcher->Entries()) {
+        if (showProgress && ctx.Progress)
+            ctx.Progress(std::to_string(e.counter) + std::string(kKeywordsCodedCaption));
+        if (!e.paints) continue;
+        const int64_t len = matcher->PatternLength(uint32_t(e.pattern));
+        const size_t b = from[size_t(e.pattern)], end = from[size_t(e.pattern) + 1];
+        for (size_t i = b; i < end; ++i) ctx.Target.Paint(lo + starts[i], len, slots[e.list]);
+        if (!pass.pacer.Tick(int64_t(end - b) * 4 + 1)) return Abort(ctx);
+    }
+    ctx.Flags.CodingInProgress = false;
+    ctx.Flags.ChangedHighLight = false;
+    return PassResult::Done;
+}
+
+PassResult Delimiters(Pass& pass, int64_t first, int64_t last, std::string_view opener,
+                      std::string_view closer, int32_t& colourClass) {
+    PaintContext& ctx = pass.ctx;
+    if (colourClass > 3 || colourClass < 1) colourClass = 1;
+    if (closer == "\r\n") closer = "\n";
+    if (ctx.Flags.CodingInProgress) return PassResult::Skipped;
+    ctx.Flags.CodingInProgress = true;
+
+    const std::string_view text = ctx.Text;
+    const ColorSlot slot = DelimiterSlot(colourClass);
+    int64_t from = first;
+    for (;;) {
+        const int64_t open = FindFrom(text, from, opener);
+        if (open < 0) break;
+        const int64_t close = FindFrom(text, open + 1, closer);
+        if (close < 0) break;
+        PaintClipped(ctx, open, close - open + int64_t(closer.size()), slot);
+        // A pair closing behind the range is painted whole, and ends the call. The flags
+        // stay as they are: the range callers rely on that.
+        if (close > last) return PassResult::Done;
+        if (!pass.pacer.Tick(close + 1 - from + 16)) return Abort(ctx);
+        from = close + 1;
+    }
+    ctx.Flags.CodingInProgress = false;
+    ctx.Flags.ChangedHighLight = false;
+    return PassResult::Done;
+}
+
+PassResult AllKeywords(Pass& pass, int64_t first, int64_t last, bool showProgress) {
+    const auto& k = pass.ctx.Settings.Keywords;
+    static constexpr std::array<ColorSlot, 3> slots = {KeywordSlot(0), KeywordSlot(1),
+                                                       KeywordSlot(2)};
+    return KeywordStage(pass, first, last, {k[0], k[1], k[2]}, slots.data(), showProgress);
+}
+
+// The delimiter table in order. needBoth: only entries with opener and closer; otherwise the
+// closer is not looked at. clearFirst: CodingInProgress is cleared before each entry.
+PassResult AllDelimiters(Pass& pass, int64_t first, int64_t last, bool needBoth, bool clearFirst) {
+    for (auto& d : pass.ctx.Settings.Delimiters) {
+        if (d.DelimiterStart.empty() || (needBoth && d.DelimiterEnd.empty())) continue;
+        if (clearFirst) pass.ctx.Flags.CodingInProgress = false;
+        if (Delimiters(pass, first, last, d.DelimiterStart, d.DelimiterEnd, d.DelimiterColor) ==
+            PassResult::Aborted)
+            return PassResult::Aborted;
+    }
+    return PassResult::Done;
+}
+
+// Runs the keyword and the delimiter stage in the order CodeOrder asks for (keywords first
+// when it is true). False when one of them aborted; the other then does not run.
+template <typename K, typename D> bool Stages(bool keywordsFirst, K keywords, D delimiters) {
+    constexpr auto ok = [](PassResult r) { return r != PassResult::Aborted; };
+    return keywordsFirst ? ok(keywords()) && ok(delimiters()) : ok(delimiters()) && ok(keywords());
+}
+
+} // namespace
+
+PassResult KeywordCoder(PaintContext& ctx, int64_t first, int64_t last, std::string_view list,
+                        ColorSlot slot, bool showProgress) {
+    Pass pass{ctx};
+    return KeywordStage(pass, first, last, {list}, &slot, showProgress);
+}
+
+PassResult CodeDelimiters(PaintContext& ctx, int64_t first, int64_t last, std::string_view opener,
+                          std::string_view closer, int32_t& colourClass) {
+    Pass pass{ctx};
+    return Delimiters(pass, first, last, opener, closer, colourClass);
+}
+
+PassResult ColorCode(PaintContext& ctx) {
+    if (!ColorCodeWanted(ctx.Flags)) return PassResult::Skipped;
+    Pass pass{ctx};
+    const int64_t n = TextSize(ctx);
+    PaintClipped(ctx, 0, n, ColorSlot::Text);
+    auto delimiters = [&] {
+        if (ctx.Progress) ctx.Progress(kCodingDelimitersCaption);
+        return AllDelimiters(pass, 0, n, true, false);
+    };
+    auto keywords = [&] { return AllKeywords(pass, 0, n, true); };
+    if (!Stages(ctx.Settings.CodeOrder, keywords, delimiters)) return PassResult::Aborted;
+    ctx.Flags.ChangedHighLight = false;
+    ctx.Flags.CodingInProgress = false;
+    return PassResult::Done;
+}
+
+PassResult CodeLine(PaintContext& ctx, int64_t lineStart, int64_t lineLength) {
+    if (ctx.Flags.CodingInProgress || !ctx.Flags.ChangedHighLight) {
+        ctx.Flags.CodingInProgress = false;
+        return PassResult::Skipped;
+    }
+    Pass pass{ctx};
+    const int64_t a = lineStart, n = lineLength + 2; // the line with its line end
+    PaintClipped(ctx, a, n, ColorSlot::Text);
+    auto keywords = [&] { return AllKeywords(pass, a, a + n, false); };
+    auto delimiters = [&] { return AllDelimiters(pass, a, a + 2 + n, false, true); };
+    if (!Stages(ctx.Settings.CodeOrder, keywords, delimiters)) return PassResult::Aborted;
+    ctx.Flags.CodingInProgress = false;
+    ctx.Flags.ChangedHighLight = false;
+    return PassResult::Done;
+}
+
+PassResult CodePassage(PaintContext& ctx, int64_t first, int64_t last) {
+    if (first == last) {
+        ctx.Flags.CodingInProgress = false;
+        return PassResult::Skipped;
+    }
+    if (ctx.Flags.CodingInProgress || !ctx.Flags.ChangedHighLight) return PassResult::Skipped;
+    // Held across the coders on purpose: the delimiter coder returns while it is set.
+    ctx.Flags.CodingInProgress = true;
+    Pass pass{ctx};
+    PaintClipped(ctx, first, last - first, ColorSlot::Text);
+    auto keywords = [&] { return AllKeywords(pass, first, last, false); };
+    auto delimiters = [&] { return AllDelimiters(pass, first, last, true, false); };
+    if (!Stages(ctx.Settings.CodeOrder, keywords, delimiters)) return PassResult::Aborted;
+    ctx.Flags.ChangedHighLight = false;
+    ctx.Flags.CodingInProgress = false;
+    return PassResult::Done;
+}

@@ -1,0 +1,53 @@
+#include "editor/core/SlotBuffer.h"
+
+#include <algorithm>
+#include <cstring>
+
+SlotBuffer::SlotBuffer(int64_t base, int64_t reserve) : base_(std::max<int64_t>(base, 0)) {
+    if (reserve > 0) slots_.reserve(size_t(reserve));
+}
+
+void SlotBuffer::Paint(int64_t start, int64_t length, ColorSlot slot) {
+    if (start < 0) length += start, start = 0;
+    if (length <= 0) return;
+    if (slots_.empty()) base_ = start;
+    if (start < base_) {
+        slots_.insert(slots_.begin(), size_t(base_ - start), kNotPainted);
+        base_ = start;
+    }
+    int64_t end = start + length - base_;
+    if (end > Size()) {
+        // Grow geometrically so that a run of paints behind the window stays linear.
+        if (size_t(end) > slots_.capacity())
+            slots_.reserve(std::max(size_t(end), slots_.capacity() * 2));
+        slots_.resize(size_t(end), kNotPainted);
+    }
+    std::memset(slots_.data() + (start - base_), int(slot), size_t(length));
+}
+
+uint8_t SlotBuffer::At(int64_t pos) const {
+    int64_t i = pos - base_;
+    return i >= 0 && i < Size() ? slots_[size_t(i)] : kNotPainted;
+}
+
+int64_t SlotBuffer::RunEnd(int64_t i) const {
+    const uint8_t* p = slots_.data();
+    int64_t n = Size();
+    uint8_t v = p[i++];
+    // Eight bytes at a time while the run goes on: a whole-document pass has long runs.
+    const uint64_t pattern = 0x0101010101010101ull * v;
+    while (i + 8 <= n) {
+        uint64_t w;
+        std::memcpy(&w, p + i, 8);
+        if (w != pattern) break;
+        i += 8;
+    }
+    while (i < n && p[i] == v) ++i;
+    return i;
+}
+
+std::vector<SlotBuffer::Run> SlotBuffer::Runs() const {
+    std::vector<Run> runs;
+    ForEachRun([&](int64_t s, int64_t l, ColorSlot c) { runs.push_back({s, l, c}); });
+    return runs;
+}

@@ -1,0 +1,73 @@
+#pragma once
+// Where the painter's colours go. The painter never touches a widget: it reports each
+// coloured stretch to a PaintTarget, and the editor applies the collected result in one go.
+#include "editor/core/ColorSlot.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+class PaintTarget {
+  public:
+    virtual ~PaintTarget() = default;
+    // Gives positions start to start + length - 1 the slot; what is painted last wins.
+    virtual void Paint(int64_t start, int64_t length, ColorSlot slot) = 0;
+};
+
+// A window of slots over the text, one byte per position, starting at Base(). Painting
+// outside the window grows it, since a delimiter pair may run far behind the range that a
+// pass was asked for. Positions inside the window that nobody painted hold kNotPainted.
+class SlotBuffer final : public PaintTarget {
+  public:
+    static constexpr uint8_t kNotPainted = 0xFF;
+
+    struct Run {
+        int64_t start;
+        int64_t length;
+        ColorSlot slot;
+        bool operator==(const Run&) const = default;
+    };
+
+    // An empty window at base; reserve is only a capacity hint.
+    explicit SlotBuffer(int64_t base = 0, int64_t reserve = 0);
+
+    // Negative positions are cut off; an empty or negative length paints nothing.
+    void Paint(int64_t start, int64_t length, ColorSlot slot) override;
+
+    int64_t Base() const { return base_; }
+    int64_t Size() const { return int64_t(slots_.size()); }
+    // The raw slot bytes of the window (kNotPainted where nothing was painted).
+    const uint8_t* Data() const { return slots_.data(); }
+    // The slot byte at a position, kNotPainted outside the window.
+    uint8_t At(int64_t pos) const;
+
+    // Calls f(start, length, slot) for each maximal run of equal painted slots, in order.
+    template <typename F> void ForEachRun(F&& f) const {
+        const uint8_t* p = slots_.data();
+        for (int64_t i = 0, n = Size(), end; i < n; i = end) {
+            end = RunEnd(i);
+            if (p[i] != kNotPainted) f(base_ + i, end - i, ColorSlot(p[i]));
+        }
+    }
+    // Calls f(start, slots, length) for each maximal stretch of painted positions, with the
+    // slot bytes themselves: the form in which a styling call takes a whole stretch at once.
+    template <typename F> void ForEachSpan(F&& f) const {
+        const uint8_t* p = slots_.data();
+        for (int64_t i = 0, n = Size(), end; i < n; i = end) {
+            if (p[i] == kNotPainted) {
+                end = RunEnd(i);
+                continue;
+            }
+            for (end = i; end < n && p[end] != kNotPainted;) ++end;
+            f(base_ + i, p + i, end - i);
+        }
+    }
+    std::vector<Run> Runs() const;
+
+  private:
+    // The end of the run of equal bytes that starts at i.
+    int64_t RunEnd(int64_t i) const;
+
+    int64_t base_;
+    std::vector<uint8_t> slots_;
+};

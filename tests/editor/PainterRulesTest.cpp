@@ -1,0 +1,167 @@
+// The painter's rules on small texts. Results are written one character per byte: the slot
+// digit (1 keyword list 0, 2 list 1, 4 "Comment", 5 "Delimiter 1", 6 "Delimiter 2", 0 text)
+// or '.' where nothing was painted.
+#include "editor/PaintHarness.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr char kSep = '\xFF';
+
+struct KeywordCase {
+    const char* name;
+    std::string text;
+    std::string list;
+    std::string painted;
+    bool caseSensitive = false;
+    int64_t first = 0, last = -1; // -1: the end of the text
+};
+
+std::string Kw(std::initializer_list<const char*> words) {
+    std::string l;
+    for (auto w : words) l += std::string(w) + kSep;
+    return l;
+}
+
+} // namespace
+
+TEST(PainterKeywords, BoundaryTestAndItsTwoEnds) {
+    const std::vector<KeywordCase> cases = {
+        {"at stretch start, right side ignored", "format", Kw({"for"}), "111..."},
+        {"at stretch end, left side ignored", "xfor", Kw({"for"}), ".111"},
+        {"both sides blank", "x for y", Kw({"for"}), "..111.."},
+        {"letter before", "xfor y", Kw({"for"}), "......"},
+        {"digit before and semicolon after", "2for;", Kw({"for"}), ".111."},
+        {"digit after", " for2 ", Kw({"for"}), ".111.."},
+        {"underscore is no boundary", "_for ", Kw({"for"}), "....."},
+        {"square bracket is no boundary", " for[", Kw({"for"}), "....."},
+        {"at sign (64) is a boundary", " for@", Kw({"for"}), ".111."},
+        {"A (65) is no boundary", " forA", Kw({"for"}), "....."},
+        {"DEL (127) is no boundary", " for\x7F", Kw({"for"}), "....."},
+        {"high byte is no boundary", " for\xE9", Kw({"for"}), "....."},
+        {"control character is a boundary", "\tfor\r\n", Kw({"for"}), ".111.."},
+        {"whole stretch", "for", Kw({"for"}), "111"},
+        {"range start makes a stretch start", "xformat", Kw({"for"}), ".111...", false, 1},
+        {"range end makes a stretch end", "xfory", Kw({"for"}), ".111.", false, 0, 4},
+        {"range beyond the text is cut", "a for", Kw({"for"}), "..111", false, 0, 99},
+        {"empty range", "for", Kw({"for"}), "...", false, 2, 2},
+    };
+    for (auto& c : cases) {
+        PaintHarness h(c.text);
+        h.settings.CaseSensitive = c.caseSensitive;
+        int64_t last = c.last < 0 ? int64_t(c.text.size()) : c.last;
+        EXPECT_EQ(KeywordCoder(h.ctx, c.first, last, c.list, ColorSlot::Keywords0, false),
+                  PassResult::Done)
+            << c.name;
+        EXPECT_EQ(h.Show(), c.painted) << c.name;
+    }
+}
+
+TEST(PainterKeywords, SearchResumesOneBehindTheFind) {
+    const std::vector<KeywordCase> cases = {
+        {"adjacent repeat is skipped", "forfor ", Kw({"for"}), "111...."},
+        // The first find is not coloured (letter after it), and still the second one, which
+        // would be coloured at the stretch end, is never found.
+        {"skipped find at the end", " forfor", Kw({"for"}), "......."},
+        {"one character between is enough", "for,for", Kw({"for"}), "111.111"},
+        {"blank between", " for for", Kw({"for"}), ".111.111"},
+        {"overlapping self", "aaaa", Kw({"aa"}), "11.."},
+        {"overlapping self, five", "aaaaa", Kw({"aa"}), "11.11"},
+    };
+    for (auto& c : cases) {
+        PaintHarness h(c.text);
+        KeywordCoder(h.ctx, 0, int64_t(c.text.size()), c.list, ColorSlot::Keywords0, false);
+        EXPECT_EQ(h.Show(), c.painted) << c.name;
+    }
+}
+
+TEST(PainterKeywords, ListReading) {
+    const std::vector<KeywordCase> cases = {
+        {"tokens are trimmed", "a for b", Kw({"  for  "}), "..111.."},
+        {"empty token ends the list", "for while", "for\xFF\xFFwhile\xFF", "111......"},
+        {"blank token ends the list", "for while", "for\xFF  \xFFwhile\xFF", "111......"},
+        {"no final separator loses the last word", "for while", "for\xFFwhile", "111......"},
+        {"no separator at all", "for", "for", "..."},
+        {"phrase with a blank", "x end if;", Kw({"end if"}), "..111111."},
+        {"phrase inner blanks kept", "end  if", Kw({"end if"}), "......."},
+        {"high bytes in a keyword", " \xC3\xA9t ", Kw({"\xC3\xA9t"}), ".111."},
+        {"keyword inside punctuation", "(1+2)", Kw({"+"}), "..1.."},
+        {"case folds ASCII only", " \xC3\x89t ", Kw({"\xC3\xA9t"}), "....."},
+        {"case-insensitive by default", "INT x", Kw({"Int"}), "111.."},
+        {"case-sensitive when asked", "INT x", Kw({"Int"}), ".....", true},
+        {"case-sensitive exact", "Int x", Kw({"Int"}), "111..", true},
+    };
+    for (auto& c : cases) {
+        PaintHarness h(c.text);
+        h.settings.CaseSensitive = c.caseSensitive;
+        KeywordCoder(h.ctx, 0, int64_t(c.text.size()), c.list, ColorSlot::Keywords0, false);
+        EXPECT_EQ(h.Show(), c.painted) << c.name;
+    }
+}
+
+TEST(PainterKeywords, LaterKeywordsAndListsPaintOver) {
+    struct Case {
+        const char* name;
+        std::array<std::string, 3> lists;
+        std::string painted;
+    };
+    const std::string text = " a b ";
+    const std::vector<Case> cases = {
+        {"later list over earlier", {Kw({"a b"}), Kw({"b"}), ""}, "01120"},
+        {"earlier list under later", {Kw({"b"}), Kw({"a b"}), ""}, "02220"},
+        {"third list last", {Kw({"a"}), Kw({"b"}), Kw({"a b"})}, "03330"},
+        {"same keyword twice: the last list wins", {Kw({"b"}), "", Kw({"B"})}, "00030"},
+    };
+    for (auto& c : cases) {
+        PaintHarness h(text);
+        h.settings.Keywords = c.lists;
+        EXPECT_EQ(ColorCode(h.ctx), PassResult::Done) << c.name;
+        EXPECT_EQ(h.Show(), c.painted) << c.name;
+    }
+}
+
+TEST(PainterKeywords, FlagsAndCaptions) {
+    // An empty list leaves both flags as they were; any other list clears both.
+    for (PaintFlags before :
+         {PaintFlags{true, true}, PaintFlags{false, true}, PaintFlags{true, false}}) {
+        PaintHarness empty("for");
+        empty.flags = before;
+        EXPECT_EQ(KeywordCoder(empty.ctx, 0, 3, "", ColorSlot::Keywords0, true),
+                  PassResult::Skipped);
+        EXPECT_EQ(empty.flags.CodingInProgress, before.CodingInProgress);
+        EXPECT_EQ(empty.flags.ChangedHighLight, before.ChangedHighLight);
+        EXPECT_TRUE(empty.captions.empty());
+
+        PaintHarness blank("for");
+        blank.flags = before;
+        EXPECT_EQ(KeywordCoder(blank.ctx, 0, 3, "  ", ColorSlot::Keywords0, true),
+                  PassResult::Done);
+        EXPECT_FALSE(blank.flags.CodingInProgress);
+        EXPECT_FALSE(blank.flags.ChangedHighLight);
+    }
+    // One caption per token taken, the empty token that ends the list included.
+    struct CaptionCase {
+        std::string list;
+        int captions;
+    };
+    for (auto& c : std::vector<CaptionCase>{{Kw({"a", "b"}), 2},
+                                            {"a\xFF"
+                                             "b",
+                                             2},
+                                            {"a\xFF\xFF"
+                                             "b\xFF",
+                                             2},
+                                            {"a\xFF  ", 1},
+                                            {"  ", 1}}) {
+        PaintHarness h("a b");
+        KeywordCoder(h.ctx, 0, 3, c.list, ColorSlot::Keywords0, true);
+        ASSERT_EQ(int(h.captions.size()), c.captions) << c.list;
+        for (int i = 0; i < c.captions; ++i)
+            EXPECT_EQ(h.captions[size_t(i)],
+                      std::to_string(i + 1) + " Keywords/Identifiers Coded...");
+        PaintHarness quiet("a b");
+        KeywordCoder(quiet.ctx, 0, 3, c.list, ColorSlot::Keywords0, false);
+        EXPECT_TRUE(quiet.captions.empty());
+    }
+}
