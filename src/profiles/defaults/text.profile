@@ -1,0 +1,4 @@
+# Plain text: nothing is coloured.
+name: Text Files - No Syntax
+case-sensitive: no
+code-order: yes
