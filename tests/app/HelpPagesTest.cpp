@@ -1,0 +1,162 @@
+// Checks of the help pages and the tips file that ship in data/: every topic that the program
+// opens has its page, the contents frame reaches every page, and no local link is dead.
+#include "app/core/HelpTopic.h"
+#include "app/core/TipFile.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace {
+// The source tree's data folder (beside tests/), else the build folder it is copied into.
+fs::path DataDir() {
+    if (const char* t = std::getenv("KESTRUM_TEST_DATA"); t && *t) {
+        fs::path p = fs::path(t).parent_path().parent_path() / "data";
+        if (fs::is_directory(p / "Help")) return p;
+    }
+    if (const char* b = std::getenv("KESTRUM_BUILD_DIR"); b && *b) {
+        fs::path p(b);
+        if (fs::is_directory(p / "Help")) return p;
+    }
+    return {};
+}
+
+struct Link {
+    std::string tag, href, target;
+};
+
+std::string Lower(std::string s) {
+    for (char& c : s) c = char(std::tolower(static_cast<unsigned char>(c)));
+    return s;
+}
+
+std::string Attribute(const std::string& tag, const std::string& name) {
+    static const std::regex attr(R"re(([A-Za-z-]+)\s*=\s*"([^"]*)")re");
+    for (std::sregex_iterator it(tag.begin(), tag.end(), attr), end; it != end; ++it)
+        if (Lower((*it)[1]) == name) return (*it)[2];
+    return {};
+}
+
+// Every href and src of the page's tags, with the tag's target.
+std::vector<Link> Links(const std::string& html) {
+    static const std::regex tagRe(R"(<([A-Za-z]+)\b[^>]*>)");
+    std::vector<Link> links;
+    for (std::sregex_iterator it(html.begin(), html.end(), tagRe), end; it != end; ++it) {
+        std::string tag = (*it)[0];
+        for (const char* a : {"href", "src"})
+            if (std::string v = Attribute(tag, a); !v.empty())
+                links.push_back({Lower((*it)[1]), v, Attribute(tag, "target")});
+    }
+    return links;
+}
+
+std::set<std::string> Anchors(const std::string& html) {
+    static const std::regex anchorRe(R"re(\b(?:id|name)\s*=\s*"([^"]*)")re", std::regex::icase);
+    std::set<std::string> names;
+    for (std::sregex_iterator it(html.begin(), html.end(), anchorRe), end; it != end; ++it)
+        names.insert((*it)[1]);
+    return names;
+}
+
+bool IsExternal(const std::string& href) {
+    return href.rfind("http:", 0) == 0 || href.rfind("https:", 0) == 0 ||
+           href.rfind("mailto:", 0) == 0;
+}
+
+struct HelpPages : ::testing::Test {
+    fs::path help;
+    std::map<std::string, std::string> pages; // file name -> text, every .htm of the folder
+
+    void SetUp() override {
+        fs::path data = DataDir();
+        ASSERT_FALSE(data.empty()) << "no data folder with Help/ found";
+        help = data / "Help";
+        for (auto& e : fs::directory_iterator(help))
+            if (e.path().extension() == ".htm")
+                pages[e.path().filename().string()] = ReadFileBytes(e.path().string());
+    }
+};
+} // namespace
+
+TEST_F(HelpPages, EveryTopicHasItsPageBesideHeaderAndIndex) {
+    EXPECT_TRUE(pages.count("header.htm"));
+    EXPECT_TRUE(pages.count("index.htm"));
+    for (auto topic : kHelpTopics) {
+        std::string page = std::string(topic) + ".htm";
+        ASSERT_TRUE(pages.count(page)) << page;
+        EXPECT_NE(pages[page].find("<title>"), std::string::npos) << page;
+    }
+    // help.htm is written at run time; a stale copy in the shipped folder would be misleading.
+    EXPECT_FALSE(pages.count("help.htm"));
+}
+
+TEST_F(HelpPages, TheContentsOpenEveryPageInTheMainFrame) {
+    ASSERT_TRUE(pages.count("index.htm"));
+    std::set<std::string> linked;
+    for (auto& l : Links(pages["index.htm"])) {
+        if (l.tag != "a") continue;
+        EXPECT_EQ(l.target, "Main") << l.href << " would open inside the contents frame";
+        linked.insert(l.href.substr(0, l.href.find('#')));
+    }
+    for (auto topic : kHelpTopics) EXPECT_TRUE(linked.count(std::string(topic) + ".htm")) << topic;
+    for (auto& [name, text] : pages) {
+        if (name != "index.htm" && name != "header.htm") {
+            EXPECT_TRUE(linked.count(name)) << name << " is not reachable from the contents";
+        }
+    }
+    // The header frame is too small to show a page; its links go to the main frame as well.
+    for (auto& l : Links(pages["header.htm"])) {
+        if (l.tag == "a") {
+            EXPECT_EQ(l.target, "Main") << l.href;
+        }
+    }
+}
+
+TEST_F(HelpPages, EveryLocalLinkAndAnchorResolves) {
+    int checked = 0;
+    for (auto& [name, text] : pages) {
+        for (auto& l : Links(text)) {
+            if (IsExternal(l.href)) continue;
+            ++checked;
+            std::string file = l.href.substr(0, l.href.find('#'));
+            std::string fragment =
+                l.href.find('#') == std::string::npos ? "" : l.href.substr(l.href.find('#') + 1);
+            EXPECT_EQ(file.find('\\'), std::string::npos) << name << ": " << l.href;
+            std::string targetPage = file.empty() ? name : file;
+            if (!file.empty()) {
+                EXPECT_TRUE(fs::is_regular_file(help / file)) << name << " links " << l.href;
+                if (!pages.count(file)) continue;
+            }
+            if (!fragment.empty()) {
+                EXPECT_TRUE(Anchors(pages[targetPage]).count(fragment))
+                    << name << " links a missing anchor: " << l.href;
+            }
+        }
+    }
+    EXPECT_GT(checked, int(kHelpTopics.size()));
+}
+
+TEST(ShippedTips, TheTipsFileHoldsPlainOneLineTips) {
+    fs::path data = DataDir();
+    ASSERT_FALSE(data.empty());
+    TipOfTheDay tips;
+    ASSERT_TRUE(tips.LoadTips((data / kTipFileName).string()));
+    EXPECT_GE(tips.Count(), 25u);
+    EXPECT_LE(tips.Count(), 40u);
+    std::set<std::string> seen;
+    for (std::size_t i = 0; i < tips.Count(); ++i, tips.DoNextTip()) {
+        std::string tip = tips.CurrentTip().value_or("");
+        EXPECT_FALSE(tip.empty()) << "tip " << i + 1;
+        EXPECT_TRUE(seen.insert(tip).second) << "repeated: " << tip;
+        EXPECT_NE(tip.front(), ' ');
+        EXPECT_NE(tip.back(), ' ');
+        for (char c : tip) EXPECT_TRUE(c >= 32 && c < 127) << "tip " << i + 1 << ": " << tip;
+    }
+}
