@@ -17,7 +17,7 @@ inline constexpr std::array<std::string_view, 12> kHelpTopics = {
 // The entry page: Help Contents and F1 in the main window.
 inline constexpr std::string_view kHelpContentsTopic = "basic_editing";
 
-// Caption of the message box that reports a failed HelpFramesetPath write.
+// Caption of the message box that reports a failed write of the frameset page.
 inline constexpr std::string_view kHelpBoxCaption = "Kestrum Help SubSystem";
 
 // The frameset page for a topic, as one line without a line end. The topic names the page

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 std::string TipFileNotFoundText() {
     return "That the " + std::string(kTipFileName) + " file was not found? ";
