@@ -140,38 +140,87 @@ void KeywordMatcher::Build(const std::vector<std::string>& patterns) {
     outStart_[states] = uint32_t(outputs_.size());
 }
 
+// The stretch, and per keyword the position at which its next find may start.
+struct KeywordMatcher::FindState {
+    const unsigned char* text;
+    int64_t n;
+    std::vector<int64_t> resume;
+    std::vector<KeywordFind>& finds;
+};
+
+inline void KeywordMatcher::Report(FindState& f, int64_t end, uint32_t state) const {
+    const uint32_t id = state >> shift_;
+    for (uint32_t o = outStart_[id]; o < outStart_[id + 1]; ++o) {
+        const uint32_t k = outputs_[o];
+        const int64_t start = end - lengths_[k];
+        if (start < f.resume[k]) continue;
+        f.resume[k] = end + 1; // the search goes on one character behind the find
+        // The boundary test: both neighbours below "A", except that a find at either end of
+        // the stretch is coloured without looking at the other side.
+        if (start == 0 || end == f.n || (f.text[end] < 65 && f.text[start - 1] < 65))
+            f.finds.push_back({start, k});
+    }
+}
+
 bool KeywordMatcher::FindAll(std::string_view s, std::vector<KeywordFind>& finds,
                              const std::function<bool(int64_t)>& tick) const {
     if (lengths_.empty()) return true;
-    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
-    const int64_t n = int64_t(s.size());
-    // Per keyword, the first position at which the next find may start.
-    std::vector<int64_t> resume(lengths_.size(), 0);
+    FindState f{reinterpret_cast<const unsigned char*>(s.data()), int64_t(s.size()),
+                std::vector<int64_t>(lengths_.size(), 0), finds};
     const uint32_t* next = next_.data();
+    const uint8_t* cls = classOf_;
     const uint32_t matchFrom = matchFrom_ << shift_;
-    constexpr int64_t kBlock = 1 << 16;
-    uint32_t state = 0;
-    for (int64_t blockStart = 0; blockStart < n; blockStart += kBlock) {
-        const int64_t blockEnd = std::min(n, blockStart + kBlock);
-        for (int64_t i = blockStart; i < blockEnd; ++i) {
-            state = next[state + classOf_[text[i]]];
-            if (state < matchFrom) [[likely]]
-                continue;
-            const uint32_t id = state >> shift_;
-            for (uint32_t o = outStart_[id]; o < outStart_[id + 1]; ++o) {
-                const uint32_t k = outputs_[o];
-                const int64_t len = lengths_[k];
-                const int64_t start = i + 1 - len;
-                if (start < resume[size_t(k)]) continue;
-                resume[size_t(k)] = start + len + 1;
-                // The boundary test: both neighbours below "A", except that a find at
-                // either end of the stretch is coloured without looking at the other one.
-                const int64_t end = i + 1;
-                if (start == 0 || end == n || (text[end] < 65 && text[start - 1] < 65))
-                    finds.push_back({start, k});
-            }
+
+    // Short stretches (a line) in one run. Long ones in blocks, each cut into four lanes that
+    // step through the automaton side by side: a step waits on the previous step's load, so
+    // independent lanes keep the processor busy. A lane starts from the root a keyword's
+    // length early, which gives it the right state at its first own position; the places it
+    // records are then taken lane by lane, so that the rules see them in text order.
+    constexpr int64_t kShort = 16 << 10, kBlock = 64 << 10, kLanes = 4;
+    if (f.n <= kShort) {
+        uint32_t state = 0;
+        for (int64_t i = 0; i < f.n; ++i) {
+            state = next[state + cls[f.text[i]]];
+            if (state >= matchFrom) [[unlikely]]
+                Report(f, i + 1, state);
         }
-        if (tick && !tick(blockEnd - blockStart)) return false;
+        return !tick || tick(f.n);
+    }
+    const int64_t warm = *std::max_element(lengths_.begin(), lengths_.end()) - 1;
+    std::vector<uint64_t> hits(size_t(kLanes * (kBlock / kLanes + warm + 1)));
+    for (int64_t b = 0; b < f.n; b += kBlock) {
+        const int64_t e = std::min(f.n, b + kBlock), part = (e - b + kLanes - 1) / kLanes;
+        int64_t from[kLanes], own[kLanes], to[kLanes];
+        uint64_t* out[kLanes];
+        for (int k = 0; k < kLanes; ++k) {
+            own[k] = std::min(e, b + k * part);
+            to[k] = std::min(e, own[k] + part);
+            from[k] = std::max<int64_t>(0, own[k] - warm);
+            out[k] = hits.data() + k * (part + warm + 1);
+        }
+        // A place is recorded as the end of what matched (from base) and the state, written
+        // always and kept only when a keyword ends there, so the loop has no branch.
+        const int64_t base = from[0];
+        uint64_t* w[kLanes];
+        uint32_t st[kLanes] = {};
+        std::copy(out, out + kLanes, w);
+        auto step = [&](int k, int64_t i) {
+            st[k] = next[st[k] + cls[f.text[i]]];
+            *w[k] = (uint64_t(st[k]) << 32) | uint64_t(i + 1 - base);
+            w[k] += st[k] >= matchFrom;
+        };
+        int64_t common = to[0] - from[0];
+        for (int k = 1; k < kLanes; ++k) common = std::min(common, to[k] - from[k]);
+        for (int64_t i = 0; i < common; ++i)
+            for (int k = 0; k < kLanes; ++k) step(k, from[k] + i);
+        for (int k = 0; k < kLanes; ++k)
+            for (int64_t i = from[k] + common; i < to[k]; ++i) step(k, i);
+        for (int k = 0; k < kLanes; ++k)
+            for (const uint64_t* h = out[k]; h < w[k]; ++h) {
+                const int64_t end = base + int64_t(*h & 0xFFFFFFFFu);
+                if (end > own[k]) Report(f, end, uint32_t(*h >> 32));
+            }
+        if (tick && !tick(e - b)) return false;
     }
     return true;
 }

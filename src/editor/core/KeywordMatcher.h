@@ -57,6 +57,8 @@ class KeywordMatcher {
 
   private:
     void Build(const std::vector<std::string>& patterns);
+    struct FindState;
+    void Report(FindState& f, int64_t end, uint32_t state) const;
 
     bool caseSensitive_;
     std::vector<Entry> entries_;

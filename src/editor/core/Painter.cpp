@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -58,6 +62,33 @@ void PaintClipped(PaintContext& ctx, int64_t start, int64_t length, ColorSlot sl
     if (end > start) ctx.Target.Paint(start, end - start, slot);
 }
 
+// First place of a needle of two or more bytes in hay, or -1. Sixteen candidate places at a
+// time are tested on their first two bytes, which rules out nearly all of them at once.
+int64_t FindLong(const char* hay, int64_t n, std::string_view needle) {
+    const int64_t last = n - int64_t(needle.size()); // the last place where it fits
+    const char a = needle[0], b = needle[1];
+    auto rest = [&](int64_t i) {
+        return std::memcmp(hay + i + 2, needle.data() + 2, needle.size() - 2) == 0;
+    };
+    int64_t i = 0;
+#if defined(__SSE2__)
+    const __m128i va = _mm_set1_epi8(a), vb = _mm_set1_epi8(b);
+    for (; i + 17 <= n && i <= last; i += 16) {
+        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i));
+        const __m128i y = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i + 1));
+        unsigned mask = unsigned(
+            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(x, va), _mm_cmpeq_epi8(y, vb))));
+        for (; mask; mask &= mask - 1) {
+            const int64_t c = i + __builtin_ctz(mask);
+            if (c <= last && rest(c)) return c;
+        }
+    }
+#endif
+    for (; i <= last; ++i)
+        if (hay[i] == a && hay[i + 1] == b && rest(i)) return i;
+    return -1;
+}
+
 // First occurrence of needle in text at or after from, exact bytes; -1 if none. An empty
 // needle is found where the search starts, as long as that lies inside the text.
 int64_t FindFrom(std::string_view text, int64_t from, std::string_view needle) {
@@ -65,11 +96,13 @@ int64_t FindFrom(std::string_view text, int64_t from, std::string_view needle) {
     if (from < 0) from = 0;
     if (from >= n) return -1;
     if (needle.empty()) return from;
-    const char* base = text.data();
-    const void* hit = needle.size() == 1
-                          ? std::memchr(base + from, needle[0], size_t(n - from))
-                          : ::memmem(base + from, size_t(n - from), needle.data(), needle.size());
-    return hit ? static_cast<const char*>(hit) - base : -1;
+    const char* hay = text.data() + from;
+    if (needle.size() == 1) {
+        const void* hit = std::memchr(hay, needle[0], size_t(n - from));
+        return hit ? static_cast<const char*>(hit) - text.data() : -1;
+    }
+    const int64_t at = FindLong(hay, n - from, needle);
+    return at < 0 ? -1 : from + at;
 }
 
 // The keyword coder over several lists at once, with the flag effects of running it for each
@@ -89,6 +122,7 @@ PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
     auto matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
 
     std::vector<KeywordFind> finds;
+    finds.reserve(stretch.size() / 8 + 16); // untouched capacity costs no memory
     if (!matcher->FindAll(stretch, finds, [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
         return Abort(ctx);
 
