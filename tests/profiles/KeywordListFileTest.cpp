@@ -1,0 +1,108 @@
+#include "profiles/core/KeywordListFile.h"
+
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+// A list string from its entries, each followed by the separator.
+std::string L(std::initializer_list<const char*> entries) {
+    std::string s;
+    for (auto e : entries) s += std::string(e) + '\xFF';
+    return s;
+}
+} // namespace
+
+TEST(KeywordListFile, Import) {
+    struct Case {
+        const char* name;
+        std::string file;
+        KeywordImportRule rule;
+        KeywordLists lists;
+    };
+    const auto O = KeywordImportRule::Options, C = KeywordImportRule::CreateProfile;
+    const std::vector<Case> cases = {
+        {"three lists",
+         "if\r\nfor\r\n\\NL\\\r\nint\r\n\\NL\\\r\n#if\r\n\\NL\\\r\n",
+         O,
+         {L({"if", "for"}), L({"int"}), L({"#if"})}},
+        {"three empty lists", "\\NL\\\r\n\\NL\\\r\n\\NL\\\r\n", O, {"", "", ""}},
+        {"empty file", "", O, {"", "", ""}},
+        {"no list end loads into the first list", "a\r\nb\r\n", O, {L({"a", "b"}), "", ""}},
+        {"fourth section goes on in the third",
+         "a\r\n\\NL\\\r\nb\r\n\\NL\\\r\nc\r\n\\NL\\\r\nd\r\n\\NL\\\r\n",
+         O,
+         {L({"a"}), L({"b"}), L({"c", "d"})}},
+        {"blank lines skipped, entries kept as they stand",
+         "  \r\n\r\n  lead\r\ntab\t\r\n",
+         O,
+         {L({"  lead", "tab\t"}), "", ""}},
+        {"list end is exact and case-sensitive",
+         "\\nl\\\r\n \\NL\\\r\n\\NL\\ \r\n",
+         O,
+         {L({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
+        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {L({"~x"}), "", ""}},
+        {"a tilde is a comment to the profile dialog", "  ~x\r\nx~\r\n", C, {L({"x~"}), "", ""}},
+        {"the profile dialog keeps empty lines",
+         "a\r\n\r\n  \r\n",
+         C,
+         {L({"a", "", "  "}), "", ""}},
+        {"lone LF and CR end lines too", "a\nb\rc", O, {L({"a", "b", "c"}), "", ""}},
+        {"last line without line end", "a\r\n\\NL\\\r\nb", O, {L({"a"}), L({"b"}), ""}},
+        {"phrases and high bytes",
+         "end if\r\n\xC3\xA9t\xC3\xA9\r\n",
+         O,
+         {L({"end if", "\xC3\xA9t\xC3\xA9"}), "", ""}},
+    };
+    for (auto& c : cases) EXPECT_EQ(ParseKeywordListFile(c.file, c.rule), c.lists) << c.name;
+}
+
+TEST(KeywordListFile, ExportAndRoundTrip) {
+    struct Case {
+        const char* name;
+        KeywordLists lists;
+        std::string file;
+    };
+    const std::vector<Case> cases = {
+        {"three lists",
+         {L({"if", "for"}), L({"int"}), L({"#if"})},
+         "if\r\nfor\r\n\\NL\\\r\nint\r\n\\NL\\\r\n#if\r\n\\NL\\\r\n"},
+        {"empty lists", {"", "", ""}, "\\NL\\\r\n\\NL\\\r\n\\NL\\\r\n"},
+        {"text behind the last separator is written",
+         {"a\xFF"
+          "b",
+          "", ""},
+         "a\r\nb\r\n\\NL\\\r\n\\NL\\\r\n\\NL\\\r\n"},
+    };
+    for (auto& c : cases) {
+        EXPECT_EQ(FormatKeywordListFile(c.lists), c.file) << c.name;
+        TempDir dir;
+        std::string error;
+        ASSERT_TRUE(WriteKeywordListFile(dir.file("x.kwd"), c.lists, error)) << error;
+        KeywordLists back{"stale", "stale", "stale"};
+        ASSERT_TRUE(ReadKeywordListFile(dir.file("x.kwd"), back, error)) << error;
+        KeywordLists expected = c.lists;
+        for (auto& l : expected)
+            if (!l.empty() && l.back() != '\xFF') l += '\xFF';
+        EXPECT_EQ(back, expected) << c.name;
+    }
+}
+
+TEST(KeywordListFile, FailuresClearTheListsAndSayWhy) {
+    TempDir dir;
+    std::string error;
+    KeywordLists lists{"a\xFF", "b\xFF", "c\xFF"};
+    EXPECT_FALSE(ReadKeywordListFile(dir.file("missing.kwd"), lists, error));
+    EXPECT_EQ(lists, (KeywordLists{"", "", ""}));
+    EXPECT_FALSE(error.empty());
+
+    lists = {"a\xFF", "", ""};
+    error.clear();
+    EXPECT_FALSE(ReadKeywordListFile(dir.path(), lists, error)); // a folder
+    EXPECT_EQ(lists, (KeywordLists{"", "", ""}));
+    EXPECT_FALSE(error.empty());
+
+    error.clear();
+    EXPECT_FALSE(WriteKeywordListFile(dir.file("no/such/folder.kwd"), {"a\xFF", "", ""}, error));
+    EXPECT_FALSE(error.empty());
+}
