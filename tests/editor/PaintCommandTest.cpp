@@ -1,0 +1,173 @@
+// The command-line painter: option reading, golden outputs of the built binary on a small C
+// file (checked against the literal reference painter as well), and its error exits.
+#include "editor/core/PaintCommand.h"
+#include "editor/ReferencePainter.h"
+#include "editor/core/TextCodec.h"
+#include "profiles/core/KeywordListFile.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sys/wait.h>
+
+namespace {
+
+std::string Env(const char* name) {
+    const char* v = std::getenv(name);
+    return v ? v : "";
+}
+std::string DataFile(const std::string& name) {
+    return Env("KESTRUM_TEST_DATA") + "/paint/" + name;
+}
+
+std::string Quote(const std::string& s) {
+    std::string q = "'";
+    for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return q + "'";
+}
+
+struct ToolRun {
+    int exitCode;
+    std::string out, err;
+};
+
+// Runs the built kestrum-paint with the arguments, in the test data folder.
+ToolRun RunPaint(const std::vector<std::string>& args) {
+    TempDir dir;
+    std::string cmd = "cd " + Quote(Env("KESTRUM_TEST_DATA") + "/paint") +
+                      " && ASAN_OPTIONS=detect_leaks=0 " +
+                      Quote(Env("KESTRUM_BUILD_DIR") + "/kestrum-paint");
+    for (auto& a : args) cmd += " " + Quote(a);
+    cmd += " >" + Quote(dir.file("out")) + " 2>" + Quote(dir.file("err"));
+    int status = std::system(cmd.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFileBytes(dir.file("out")),
+            ReadFileBytes(dir.file("err"))};
+}
+
+const std::vector<std::string> kPairs = {
+    "--delimiter", "/*", "*/", "1", "--delimiter", "//", "\\n", "1",
+    "--delimiter", "\"", "\"", "2", "--delimiter", "'",  "'",   "3"};
+
+std::vector<std::string> SampleArgs(std::vector<std::string> extra) {
+    std::vector<std::string> a = {"--keywords", "sample.kwd"};
+    a.insert(a.end(), kPairs.begin(), kPairs.end());
+    a.insert(a.end(), extra.begin(), extra.end());
+    a.push_back("sample.c");
+    return a;
+}
+
+// The runs of the reference painter for the same command, in the tool's format.
+std::string ReferenceRuns(const std::vector<std::string>& args) {
+    std::string error;
+    auto command = ParsePaintCommand(args, error);
+    KeywordLists lists;
+    ReadKeywordListFile(DataFile(command->keywordFile), lists, error);
+    RefDocument d(ToCrLf(ReadFileBytes(DataFile(command->file))));
+    d.settings = PaintSettings(*command, lists);
+    d.flags = {false, true};
+    RefColorCode(d);
+    std::string out;
+    for (size_t i = 0, j; i < d.slots.size(); i = j) {
+        for (j = i; j < d.slots.size() && d.slots[j] == d.slots[i];) ++j;
+        out += std::to_string(i) + " " + std::to_string(j - i) + " " + std::to_string(d.slots[i]) +
+               "\n";
+    }
+    return out;
+}
+
+} // namespace
+
+TEST(PaintCommand, ReadsOptions) {
+    std::string error;
+    auto c = ParsePaintCommand({"--keywords", "c.kwd", "--delimiter", "/*", "*/", "1",
+                                "--delimiter", "//", "\\n", "0", "--case-sensitive",
+                                "--delimiters-first", "--format", "html", "x.c"},
+                               error);
+    ASSERT_TRUE(c) << error;
+    EXPECT_EQ(c->keywordFile, "c.kwd");
+    ASSERT_EQ(c->delimiters.size(), 2u);
+    EXPECT_EQ(c->delimiters[0], (DelimiterPair{"/*", "*/", 1}));
+    EXPECT_EQ(c->delimiters[1], (DelimiterPair{"//", "\r\n", 0})); // \n means CR LF
+    EXPECT_TRUE(c->caseSensitive);
+    EXPECT_TRUE(c->delimitersFirst);
+    EXPECT_EQ(c->format, PaintFormat::Html);
+    EXPECT_EQ(c->file, "x.c");
+
+    auto plain = ParsePaintCommand({"--", "-odd name"}, error);
+    ASSERT_TRUE(plain) << error;
+    EXPECT_EQ(plain->file, "-odd name");
+    EXPECT_EQ(plain->format, PaintFormat::Runs);
+
+    EditorSettings s = PaintSettings(*c, {"a\xFF", "", ""});
+    EXPECT_EQ(s.Keywords[0], "a\xFF");
+    EXPECT_FALSE(s.CodeOrder);
+    EXPECT_TRUE(s.CaseSensitive);
+    EXPECT_EQ(s.Delimiters[1].DelimiterEnd, "\r\n");
+    EXPECT_TRUE(s.Delimiters[2].DelimiterStart.empty());
+    EXPECT_TRUE(PaintSettings(*plain, {}).CodeOrder);
+}
+
+TEST(PaintCommand, RefusesBadOptions) {
+    std::vector<std::string> nine;
+    for (int i = 0; i < 9; ++i) nine.insert(nine.end(), {"--delimiter", "a", "b", "1"});
+    nine.push_back("x.c");
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+        {{}, "no FILE given"},
+        {{"a.c", "b.c"}, "only one FILE"},
+        {{"--bogus", "a.c"}, "unknown option \"--bogus\""},
+        {{"--format", "rtf", "a.c"}, "unknown format \"rtf\""},
+        {{"a.c", "--format"}, "--format needs"},
+        {{"a.c", "--keywords"}, "--keywords needs"},
+        {{"a.c", "--delimiter", "a", "b"}, "--delimiter needs"},
+        {{"--delimiter", "a", "b", "4", "a.c"}, "class must be 0 to 3"},
+        {{"--delimiter", "a", "b", "-1", "a.c"}, "class must be 0 to 3"},
+        {{"--delimiter", "a", "b", "1x", "a.c"}, "class must be 0 to 3"},
+        {nine, "at most 8"},
+    };
+    for (auto& [args, why] : cases) {
+        std::string error;
+        EXPECT_FALSE(ParsePaintCommand(args, error)) << why;
+        EXPECT_NE(error.find(why), std::string::npos) << error;
+    }
+}
+
+TEST(PaintCommand, GoldenOutputs) {
+    struct Case {
+        std::vector<std::string> args;
+        const char* golden;
+    };
+    const std::vector<Case> cases = {
+        {SampleArgs({}), "sample.runs"},
+        {SampleArgs({"--format", "html"}), "sample.html"},
+        {SampleArgs({"--delimiters-first", "--case-sensitive"}), "sample-delimiters-first.runs"},
+    };
+    for (auto& c : cases) {
+        ToolRun r = RunPaint(c.args);
+        EXPECT_EQ(r.exitCode, 0) << c.golden << ": " << r.err;
+        EXPECT_EQ(r.out, ReadFileBytes(DataFile(c.golden))) << c.golden;
+        if (std::string(c.golden).ends_with(".runs")) {
+            EXPECT_EQ(r.out, ReferenceRuns(c.args)) << c.golden;
+        }
+    }
+    ToolRun none = RunPaint(SampleArgs({"--format", "none"}));
+    EXPECT_EQ(none.exitCode, 0);
+    EXPECT_EQ(none.out, "");
+}
+
+TEST(PaintCommand, ErrorExits) {
+    const std::vector<std::vector<std::string>> cases = {
+        {"--bogus", "sample.c"},
+        {"no-such-file.c"},
+        {"--keywords", "no-such.kwd", "sample.c"},
+        {"."}, // a folder
+        {"--delimiter", "/*", "*/", "9", "sample.c"},
+    };
+    for (auto& args : cases) {
+        ToolRun r = RunPaint(args);
+        EXPECT_EQ(r.exitCode, 2) << args[0];
+        EXPECT_EQ(r.out, "") << args[0];
+        EXPECT_TRUE(r.err.starts_with("kestrum-paint: ")) << r.err;
+        EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << "one line: " << r.err;
+    }
+}
