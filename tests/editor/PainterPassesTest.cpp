@@ -255,3 +255,49 @@ TEST(PainterPasses, CodePassage) {
         EXPECT_EQ(h.flags.ChangedHighLight, g.after.ChangedHighLight) << g.name;
     }
 }
+
+TEST(PainterPasses, YieldsByTimeAndStopsWhenTheTextChanged) {
+    std::string text;
+    while (text.size() < 300000) text += "int x; /* c */ \"s\"\r\n";
+    auto setUp = [](PaintHarness& h, std::chrono::milliseconds interval, bool goOn, int& calls) {
+        h.settings.Keywords = {"int\xFF", "", ""};
+        SetPairs(h.settings, {{"/*", "*/", 1}, {"\"", "\"", 2}});
+        h.ctx.YieldInterval = interval;
+        h.ctx.Yield = [&calls, goOn] { return ++calls, goOn; };
+    };
+    struct Case {
+        const char* name;
+        std::chrono::milliseconds interval;
+        bool goOn;
+        PassResult result;
+    };
+    for (auto& c : std::vector<Case>{
+             {"text changed", std::chrono::milliseconds(0), false, PassResult::Aborted},
+             {"goes on", std::chrono::milliseconds(0), true, PassResult::Done},
+             {"no time used up", std::chrono::hours(1), false, PassResult::Done}}) {
+        for (int pass = 0; pass < 3; ++pass) {
+            PaintHarness h(text);
+            int calls = 0;
+            setUp(h, c.interval, c.goOn, calls);
+            PassResult r = pass == 0   ? ColorCode(h.ctx)
+                           : pass == 1 ? CodePassage(h.ctx, 0, int64_t(text.size()))
+                                       : CodeLine(h.ctx, 0, int64_t(text.size()));
+            EXPECT_EQ(r, c.result) << c.name << " pass " << pass;
+            if (c.result == PassResult::Aborted) {
+                EXPECT_EQ(calls, 1) << c.name << ": stops at the first refusal";
+                EXPECT_FALSE(h.flags.CodingInProgress) << c.name;
+                EXPECT_TRUE(h.flags.ChangedHighLight) << c.name << ": runs again later";
+                // Keywords come first (CodeOrder true): no pair was painted after the stop.
+                EXPECT_EQ(h.Show().find('4'), std::string::npos) << c.name;
+            } else {
+                EXPECT_FALSE(h.flags.ChangedHighLight) << c.name;
+                // By time, not per find: there are 45000 finds here.
+                EXPECT_LT(calls, int(text.size() / 1000)) << c.name;
+                if (c.interval.count() > 0)
+                    EXPECT_EQ(calls, 0) << c.name;
+                else
+                    EXPECT_GT(calls, 0) << c.name;
+            }
+        }
+    }
+}
