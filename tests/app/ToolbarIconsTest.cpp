@@ -1,0 +1,136 @@
+// Checks of the toolbar pictures: every image key draws something at the button sizes, the
+// pictures differ from each other, unknown keys have none, and the icon folder, its resource
+// file and the key list agree with each other.
+#include "app/ToolbarIcons.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPixmap>
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace {
+// The icon folder of the source tree (beside tests/), or empty when it cannot be found.
+QString SourceIconDir() {
+    const QByteArray data = qgetenv("KESTRUM_TEST_DATA");
+    if (data.isEmpty()) return {};
+    QDir dir(QString::fromLocal8Bit(data));
+    if (!dir.cd("../../src/app/icons")) return {};
+    return dir.absolutePath();
+}
+
+QSet<QString> SvgFilesIn(const QString& dir) {
+    const QStringList files = QDir(dir).entryList({"*.svg"}, QDir::Files);
+    return {files.begin(), files.end()};
+}
+
+// The names in `a` that are not in `b`, sorted and joined, so that a mismatch reads well.
+std::string NotIn(const QSet<QString>& a, const QSet<QString>& b) {
+    QStringList names = (a - b).values();
+    names.sort();
+    return names.join(' ').toStdString();
+}
+
+// The file names that the keys stand for ("save-all.svg" for "SAVE ALL").
+QSet<QString> FilesOfKeys() {
+    QSet<QString> files;
+    for (const QString& key : ToolbarIconKeys())
+        files.insert(ToolbarIconPath(key).section('/', -1));
+    return files;
+}
+
+// Share of the pixels that are mostly opaque.
+double OpaqueShare(const QImage& image) {
+    int opaque = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) opaque += qAlpha(image.pixel(x, y)) > 128;
+    return double(opaque) / (image.width() * image.height());
+}
+
+QImage Render(const QIcon& icon, int size) {
+    return icon.pixmap(size, size).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+} // namespace
+
+TEST(ToolbarIconsTest, EveryKeyDrawsAPictureAtButtonSizes) {
+    const QStringList keys = ToolbarIconKeys();
+    ASSERT_EQ(keys.size(), 39);
+    for (const QString& key : keys) {
+        SCOPED_TRACE(key.toStdString());
+        const QIcon icon = ToolbarIcon(key);
+        ASSERT_FALSE(icon.isNull());
+        for (int size : {16, 24}) {
+            SCOPED_TRACE(size);
+            const QImage image = Render(icon, size);
+            ASSERT_EQ(image.size(), QSize(size, size));
+            // A picture covers part of its square: neither blank nor a filled block.
+            const double share = OpaqueShare(image);
+            EXPECT_GT(share, 0.05);
+            EXPECT_LT(share, 0.95);
+        }
+    }
+}
+
+TEST(ToolbarIconsTest, NoTwoKeysShareAPicture) {
+    const QStringList keys = ToolbarIconKeys();
+    EXPECT_EQ(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
+    QList<QImage> seen;
+    for (const QString& key : keys) {
+        const QImage image = Render(ToolbarIcon(key), 24);
+        for (qsizetype i = 0; i < seen.size(); ++i)
+            EXPECT_NE(image, seen[i])
+                << key.toStdString() << " looks like " << keys[i].toStdString();
+        seen.append(image);
+    }
+}
+
+TEST(ToolbarIconsTest, UnknownKeysHaveNoIcon) {
+    for (const char* key : {"", "SAVE-ALL", "SAVEALL", "SAVE ALL ", " SAVE", "NOPE", "../SAVE",
+                            "save all", "CAMERA\n"}) {
+        SCOPED_TRACE(key);
+        EXPECT_TRUE(ToolbarIcon(key).isNull());
+        EXPECT_TRUE(ToolbarIconPath(key).isEmpty());
+    }
+}
+
+TEST(ToolbarIconsTest, FolderResourceFileAndKeysAgree) {
+    const QString dir = SourceIconDir();
+    ASSERT_FALSE(dir.isEmpty()) << "icon folder not found from KESTRUM_TEST_DATA";
+    const QSet<QString> inFolder = SvgFilesIn(dir);
+
+    QFile qrc(dir + "/icons.qrc");
+    ASSERT_TRUE(qrc.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(qrc.readAll());
+    QSet<QString> listed;
+    static const QRegularExpression entry(R"re(<file alias="([^"]+)">([^<]+)</file>)re");
+    for (auto it = entry.globalMatch(text); it.hasNext();) {
+        const auto m = it.next();
+        EXPECT_EQ(m.captured(1), m.captured(2)) << "alias differs from file name";
+        EXPECT_FALSE(listed.contains(m.captured(1)))
+            << "listed twice: " << m.captured(1).toStdString();
+        listed.insert(m.captured(1));
+    }
+
+    // Stray files, files missing from the resource, and keys without a file all show here.
+    const QSet<QString> ofKeys = FilesOfKeys(), compiled = SvgFilesIn(":/icons");
+    EXPECT_EQ(NotIn(inFolder, listed), "") << "files not listed in icons.qrc";
+    EXPECT_EQ(NotIn(listed, inFolder), "") << "icons.qrc lists missing files";
+    EXPECT_EQ(NotIn(inFolder, ofKeys), "") << "files that no key uses";
+    EXPECT_EQ(NotIn(ofKeys, inFolder), "") << "keys without a file";
+    EXPECT_EQ(NotIn(listed, compiled), "") << "listed but not compiled in";
+}
+
+TEST(ToolbarIconsTest, EveryPictureIsDrawnOnTheSameGrid) {
+    const QString dir = SourceIconDir();
+    ASSERT_FALSE(dir.isEmpty());
+    for (const QString& name : SvgFilesIn(dir)) {
+        SCOPED_TRACE(name.toStdString());
+        QFile file(dir + "/" + name);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray svg = file.readAll();
+        EXPECT_TRUE(svg.contains(R"(viewBox="0 0 24 24")"));
+        EXPECT_TRUE(svg.contains(R"(stroke-width="1.5")"));
+    }
+}
