@@ -9,6 +9,8 @@
 #include "support/TempDir.h"
 
 #include <QApplication>
+#include <cstdlib>
+#include <filesystem>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -20,6 +22,11 @@ class AppFixture : public ::testing::Test {
     void SetUp() override {
         SetStoreDirectoryForTesting(tmp.path() + "config");
         SetAppDirForTesting(QString::fromStdString(tmp.path() + "app"));
+        // The program folder holds the shipped profiles, as beside the real executable.
+        std::filesystem::create_directories(tmp.path() + "app");
+        if (const char* build = std::getenv("KESTRUM_BUILD_DIR"))
+            std::filesystem::copy(std::string(build) + "/PROFILES", tmp.path() + "app/PROFILES",
+                                  std::filesystem::copy_options::recursive);
         AppTitle() = "Kestrum";
         g_EditorSettings() = EditorSettings::Defaults();
     }

@@ -98,6 +98,8 @@ std::string SettingsStore::GetSetting(std::string_view app, std::string_view sec
 
 void SettingsStore::SaveSetting(std::string_view app, std::string_view section,
                                 std::string_view key, std::string_view value) {
+    if (section.empty() || key.empty())
+        throw SettingsStoreError("Invalid procedure call or argument: empty section or key");
     File& f = Open(app);
     std::string s = settings_escape::Encode(section, true), k = settings_escape::Encode(key, true);
     std::string v = settings_escape::Encode(value, false);

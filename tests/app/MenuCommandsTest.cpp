@@ -1,0 +1,205 @@
+#include "app/CommandTable.h"
+#include "support/AppFixture.h"
+
+#include <QClipboard>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QToolBar>
+
+namespace {
+struct MenuCommandsTest : AppFixture {
+    void SetUp() override {
+        AppFixture::SetUp();
+        Start();
+    }
+    void Run(const char* name) {
+        QAction* a = main->Command(name);
+        ASSERT_TRUE(a) << name;
+        a->trigger();
+        Settle();
+    }
+    RichEdit* Edit() { return main->ActiveForm()->rtfText; }
+    QStringList RecentCaptions() {
+        QStringList out;
+        for (int i = 1; i <= 5; ++i) {
+            QAction* a = main->findChild<QAction*>(QStringLiteral("mnuFileRecent%1").arg(i));
+            out << (a->isVisible() ? a->text() : QStringLiteral("-"));
+        }
+        return out;
+    }
+};
+} // namespace
+
+TEST_F(MenuCommandsTest, TheMenuBarFollowsTheTable) {
+    QStringList bar;
+    for (QAction* a : main->menuBar()->actions()) bar << a->text();
+    EXPECT_EQ(bar, (QStringList{"&File", "&Edit", "&Search", "Fo&rmat", "&View", "&Advanced",
+                                "&Utilities", "&Window", "&Help"}));
+    for (const MenuEntry& e : MenuTable()) {
+        QAction* a = main->Command(e.name);
+        ASSERT_TRUE(a) << e.name;
+        EXPECT_EQ(a->text(), e.caption) << e.name;
+        if (*e.shortcut)
+            EXPECT_EQ(a->shortcut(), QKeySequence(QString::fromLatin1(e.shortcut))) << e.name;
+    }
+    EXPECT_EQ(main->Command("mnuFileSave")->shortcut(), QKeySequence("Ctrl+S"));
+    EXPECT_EQ(main->Command("mnuSearchFindNext")->shortcut(), QKeySequence("F3"));
+    for (const ToolButtonEntry& b : ToolbarTable()) {
+        QAction* button = main->findChild<QAction*>(QStringLiteral("%1:%2").arg(b.toolbar, b.key));
+        ASSERT_TRUE(button) << b.key;
+        EXPECT_EQ(button->toolTip(), b.toolTip);
+    }
+}
+
+TEST_F(MenuCommandsTest, AButtonIsTheSameAsItsMenuItem) {
+    Edit()->SetText("abc");
+    Edit()->SetSelStart(0);
+    Edit()->SetSelLength(3);
+    main->findChild<QAction*>("tbEdit:Copy")->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), "abc");
+    main->findChild<QAction*>("tbEdit:Delete Line")->trigger();
+    EXPECT_EQ(Edit()->Text(), "");
+}
+
+TEST_F(MenuCommandsTest, EditCommandsActOnTheActiveDocument) {
+    Edit()->SetText("first line\r\nsecond\r\nthird");
+    Edit()->SetSelStart(14);
+    Run("mnuEditSelectLine");
+    EXPECT_EQ(Edit()->SelText(), "second");
+    Run("mnuEditCut");
+    EXPECT_EQ(QApplication::clipboard()->text(), "second");
+    EXPECT_EQ(Edit()->Text(), "first line\r\n\r\nthird");
+    Run("mnuEditUndo");
+    EXPECT_EQ(Edit()->Text(), "first line\r\nsecond\r\nthird");
+    Edit()->SetSelStart(2);
+    Run("mnuEditDeleteLine");
+    EXPECT_EQ(Edit()->Text(), "second\r\nthird");
+    Edit()->SetSelStart(10);
+    Run("mnuEditDeleteLine"); // the last line loses its text, not the line end before it
+    EXPECT_EQ(Edit()->Text(), "second\r\n");
+    Run("mnuEditSelectAll");
+    EXPECT_EQ(Edit()->SelLength(), 8);
+    Edit()->SetSelStart(0);
+    Run("mnuEditDateTime");
+    EXPECT_GT(Edit()->TextLength(), 8);
+    Run("mnuEditToggleWrap");
+    EXPECT_TRUE(Edit()->Wrapping());
+
+    QApplication::clipboard()->setText("from the clipboard");
+    Run("mnuEditPasteNew");
+    EXPECT_EQ(Documents().OpenDocuments().size(), 2u);
+    EXPECT_EQ(Edit()->Text(), "from the clipboard");
+    EXPECT_EQ(main->ActiveForm()->Caption(), "Untitled 2");
+}
+
+TEST_F(MenuCommandsTest, NothingHappensWithoutADocument) {
+    main->ActiveForm()->CloseWith(frmDocument::vbFormCode);
+    Settle();
+    ASSERT_EQ(main->ActiveForm(), nullptr);
+    for (const char* name : {"mnuEditUndo", "mnuEditCut", "mnuEditCopy", "mnuEditPaste",
+                             "mnuEditSelectLine", "mnuEditSelectAll", "mnuEditDateTime",
+                             "mnuEditDeleteLine", "mnuEditToggleWrap", "mnuViewRefreshColors",
+                             "mnuViewFileInfo", "mnuWindowDuplicate", "mnuFormatIndent",
+                             "mnuFormatUnindent", "mnuFormatCommentBlock", "mnuWindowCloseAll"})
+        Run(name);
+    EXPECT_TRUE(dialogs.asked.empty());
+    Run("mnuWindowNewWindow");
+    EXPECT_EQ(Documents().OpenDocuments().size(), 1u);
+}
+
+TEST_F(MenuCommandsTest, RecentFilesCycleFiveSlots) {
+    EXPECT_EQ(RecentCaptions(), (QStringList{"-", "-", "-", "-", "-"}));
+    for (int i = 1; i <= 5; ++i) main->CycleRecentFiles(QStringLiteral("/f%1").arg(i));
+    EXPECT_EQ(RecentCaptions(), (QStringList{"/f5", "/f4", "/f3", "/f2", "/f1"}));
+    main->CycleRecentFiles("/f6");
+    EXPECT_EQ(RecentCaptions(), (QStringList{"/f6", "/f5", "/f4", "/f3", "/f2"}));
+    main->CycleRecentFiles("/f6"); // no test for duplicates
+    EXPECT_EQ(RecentCaptions(), (QStringList{"/f6", "/f6", "/f5", "/f4", "/f3"}));
+    // An empty slot keeps its item as it was and empties its caption.
+    main->RecentFiles[3].clear();
+    main->RefreshRecentFiles();
+    EXPECT_EQ(RecentCaptions(), (QStringList{"/f6", "/f6", "", "/f4", "/f3"}));
+}
+
+TEST_F(MenuCommandsTest, ToolbarItemsAndBandsAreRememberedAcrossStarts) {
+    EXPECT_TRUE(main->Command("mnuViewToolbarsCompiler")->isChecked());
+    Run("mnuViewToolbarsCompiler");
+    EXPECT_FALSE(main->Command("mnuViewToolbarsCompiler")->isChecked());
+    EXPECT_TRUE(main->tbAdvanced->isHidden());
+    Run("mnuViewBrowser");
+    EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
+    EXPECT_TRUE(main->BrowserRolledUp);
+    main->close();
+    main.reset();
+    Start();
+    EXPECT_TRUE(main->tbAdvanced->isHidden());
+    EXPECT_FALSE(main->Command("mnuViewToolbarsCompiler")->isChecked());
+    EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
+    EXPECT_TRUE(main->Command("mnuViewToolbarsEdit")->isChecked());
+}
+
+TEST_F(MenuCommandsTest, WindowCommandsAndTabs) {
+    frmDocument* one = main->ActiveForm();
+    one->rtfText->SetText("original");
+    one->Tag = Path("orig.txt");
+    one->SetCaption("orig.txt");
+    Run("mnuWindowDuplicate");
+    frmDocument* copy = main->ActiveForm();
+    ASSERT_NE(copy, one);
+    EXPECT_EQ(copy->Caption(), "orig.txt [Copy]");
+    EXPECT_EQ(copy->Tag, one->Tag);
+    EXPECT_EQ(copy->rtfText->Text(), "original");
+    EXPECT_GE(main->FindTab(copy->TabKey()), 0);
+    EXPECT_TRUE(copy->Changed); // the copied text is an edit of the new window
+
+    Run("mnuWindowNewWindow"); // slot 3
+    copy->Changed = false;
+    copy->CloseWith(frmDocument::vbFormCode);
+    Settle();
+    Run("mnuWindowNewWindow"); // takes slot 2, its tab goes to the end
+    QStringList keys;
+    for (int i = 0; i < main->tabFiles->count(); ++i) keys << main->tabFiles->tabData(i).toString();
+    EXPECT_EQ(keys, (QStringList{"Tab1", "Tab3", "Tab2"}));
+
+    Run("mnuWindowMinAll");
+    for (frmDocument* d : Documents().OpenDocuments()) EXPECT_TRUE(d->SubWindow()->isMinimized());
+    // A click on the tab of a minimised document restores it.
+    main->tabFiles->tabBarClicked(0);
+    EXPECT_FALSE(one->SubWindow()->isMinimized());
+    Run("mnuWindowResAll");
+
+    one->Changed = true;
+    dialogs.AnswerMsgBox(MsgResult::Cancel);
+    Run("mnuWindowCloseAll"); // Cancel keeps that one, the others close
+    EXPECT_EQ(Documents().OpenDocuments().size(), 1u);
+    EXPECT_EQ(main->ActiveForm(), one);
+}
+
+TEST_F(MenuCommandsTest, FormatLineCommandsAndCommentBlock) {
+    frmDocument* d = main->ActiveForm();
+    d->Settings().Delimiters[0] = {"//", "\r\n", 1};
+    Edit()->SetText("a\r\nb\r\nc");
+    Edit()->SetSelStart(0);
+    Edit()->SetSelLength(4);
+    Run("mnuFormatIndent");
+    EXPECT_EQ(Edit()->Text(), "    a\r\n    b\r\nc");
+    Run("mnuFormatUnindent");
+    EXPECT_EQ(Edit()->Text(), "a\r\nb\r\nc");
+    Run("mnuFormatCommentBlock");
+    EXPECT_EQ(Edit()->Text(), "// a\r\n// b\r\nc");
+    d->Settings().Delimiters[0] = {"/*", "*/", 1};
+    Edit()->SetSelStart(12);
+    Edit()->SetSelLength(1);
+    Run("mnuFormatCommentBlock");
+    EXPECT_EQ(Edit()->Text(), "// a\r\n// b\r\n/*c*/");
+}
+
+TEST_F(MenuCommandsTest, FileInformationForAnUnsavedDocument) {
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    Run("mnuViewFileInfo");
+    ASSERT_EQ(dialogs.asked.size(), 1u);
+    EXPECT_EQ(dialogs.asked[0].caption, "Information Unavailable.");
+    dialogs.AnswerMsgBox(MsgResult::No);
+    Run("mnuAdvancedOpenViewer");
+    EXPECT_EQ(dialogs.asked[1].caption, "Confirm");
+}

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Starts the editor with a file on its command line, checks that it loaded the file (its
+# backup copy appears), and that closing writes the window keys.
+source "$(dirname "$0")/lib.sh"
+
+printf 'int main() {\n  return 0;\n}\n' > "$WORK/hello world.c"
+"$KESTRUM" "$WORK/hello world.c" &
+PIDS+=($!)
+main_pid=$!
+win=$(wait_for_window "^Kestrum") || fail "no main window"
+[ -f "$XDG_CONFIG_HOME/Kestrum.ini" ] || fail "no settings written at start"
+grep -q '^First Load *= *False' "$XDG_CONFIG_HOME/Kestrum.ini" || fail "first load not recorded"
+
+# The end of the session (TERM) closes the editor as the user would.
+kill -TERM "$main_pid"
+wait_gone "$main_pid" || fail "editor did not close"
+[ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at close"
+[ -n "$(settings_value LastDir)" ] || fail "LastDir not written at close"
+
+# Backups on: the command-line load then writes "name~" at once.
+sed -i 's/^\[Settings\]/[Settings]\nBackup = True/' "$XDG_CONFIG_HOME/Kestrum.ini"
+"$KESTRUM" "\"$WORK/hello world.c\"" &
+PIDS+=($!)
+main_pid=$!
+wait_for_window "^Kestrum" >/dev/null || fail "no main window on the second start"
+for _ in $(seq 1 50); do [ -f "$WORK/hello world.c~" ] && break; sleep 0.2; done
+[ -f "$WORK/hello world.c~" ] || fail "the file named on the command line was not loaded"
+cmp -s "$WORK/hello world.c~" <(printf 'int main() {\r\n  return 0;\r\n}\r\n') ||
+    fail "backup does not hold the loaded text"
+kill -TERM "$main_pid"
+wait_gone "$main_pid" || fail "editor did not end on TERM"
+echo "1 passed, 0 failed"

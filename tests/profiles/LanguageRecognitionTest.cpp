@@ -1,0 +1,133 @@
+#include "app/HelpSystem.h"
+#include "profiles/core/ProfileFile.h"
+#include "profiles/frmConfigAssocProfile.h"
+#include "support/AppFixture.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QListWidget>
+#include <filesystem>
+
+namespace {
+struct LanguageRecognitionTest : AppFixture {
+    frmDocument* Named(const std::string& name) {
+        frmDocument* doc = NewDocument();
+        doc->Tag = QString::fromStdString(tmp.file(name));
+        doc->SetSyntax();
+        return doc;
+    }
+    static const std::string& List(frmDocument* d, int i) { return d->Settings().Keywords[size_t(i)]; }
+    void TearDown() override {
+        SetModalRunnerForTesting(nullptr);
+        SetHelpOpenerForTesting(nullptr);
+        AppFixture::TearDown();
+    }
+};
+} // namespace
+
+TEST_F(LanguageRecognitionTest, EachExtensionGetsItsLanguage) {
+    Start();
+    EXPECT_EQ(Setting("BAT", "Syntax Associations"), "MS-DOS Batch Default Profile");
+    std::map<std::string, std::string> seen;
+    for (const char* name : {"x.c", "x.java", "x.pl", "x.html", "x.sql", "x.pas"}) {
+        frmDocument* d = Named(name);
+        EXPECT_TRUE(d->SyntaxLoaded()) << name;
+        EXPECT_FALSE(List(d, 0).empty()) << name;
+        EXPECT_TRUE(seen.emplace(List(d, 0), name).second) << name << " shares lists with " << seen[List(d, 0)];
+    }
+    EXPECT_TRUE(Named("x.sql")->Settings().CaseSensitive == false);
+    EXPECT_TRUE(Named("x.c")->Settings().CaseSensitive);
+    frmDocument* txt = Named("notes.txt");
+    EXPECT_TRUE(txt->SyntaxLoaded());
+    EXPECT_TRUE(List(txt, 0).empty() && txt->Settings().Delimiters[0].DelimiterStart.empty());
+    EXPECT_EQ(List(Named("page.HtMl"), 0), List(Named("x.html"), 0));
+
+    g_EditorSettings().Keywords[0] = "global\xFF";
+    frmDocument* unknown = Named("x.unknownext");
+    EXPECT_FALSE(unknown->SyntaxLoaded());
+    EXPECT_EQ(List(unknown, 0), "global\xFF");
+    EXPECT_EQ(List(Named("Makefile"), 0), "global\xFF");
+    EXPECT_EQ(List(Named("trailing."), 0), "global\xFF");
+    SaveSetting("Kestrum", "Syntax Associations", "GZ", "C and C++ Default Profile");
+    EXPECT_EQ(List(Named("archive.tar.gz"), 0), List(Named("x.c"), 0));
+
+    // A window keeps the language it found.
+    frmDocument* c = Named("y.c");
+    c->Tag = Path("y.sql");
+    c->SetSyntax();
+    EXPECT_EQ(List(c, 0), List(Named("x.c"), 0));
+}
+
+TEST_F(LanguageRecognitionTest, AMissingProfileIsCreatedEmptyAndAMissingFolderIsAnError) {
+    Start();
+    SaveSetting("Kestrum", "Syntax Associations", "ZZ", "Made Up Profile");
+    frmDocument* d = Named("a.zz");
+    EXPECT_TRUE(d->SyntaxLoaded());
+    EXPECT_TRUE(List(d, 0).empty());
+    EXPECT_TRUE(FileExists(tmp.path() + "app/PROFILES/Made Up Profile"));
+
+    std::filesystem::remove_all(tmp.path() + "app/PROFILES");
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    frmDocument* e = Named("b.c");
+    EXPECT_FALSE(e->SyntaxLoaded());
+    ASSERT_EQ(dialogs.asked.size(), 1u);
+    EXPECT_EQ(dialogs.asked[0].caption, "Error");
+    EXPECT_TRUE(dialogs.asked[0].text.contains("\n\nTo remedy this problem"));
+}
+
+TEST_F(LanguageRecognitionTest, TheProfileBoxRecoloursTheActiveDocument) {
+    Start();
+    EXPECT_GE(main->cboProfiles->count(), 34);
+    frmDocument* d = Named("plain.txt");
+    d->rtfText->SetText("SELECT x FROM t");
+    main->cboProfiles->setCurrentText("SQL Default Profile");
+    main->cboProfiles_Click();
+    EXPECT_EQ(d->Settings().Keywords, g_SelectedProfile().Keywords);
+    EXPECT_NE(d->rtfText->SlotAt(0), ColorSlot::Text);
+}
+
+TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
+    Start();
+    frmConfigAssocProfile dlg;
+    int rows = dlg.lstUtilities->count();
+    EXPECT_EQ(rows, 65);
+    EXPECT_EQ(dlg.lstUtilities->item(0)->text(), "ASP\t\tASP Default Profile");
+
+    SetModalRunnerForTesting([](QDialog& d) {
+        auto& add = static_cast<frmAddAssocProfile&>(d);
+        QTest::keyClicks(add.txtComplete, "*.rs?");
+        add.lstFiles->setCurrentRow(add.lstFiles->count() - 1);
+        add.cmdOK_Click();
+    });
+    dlg.cmdAdd_Click();
+    EXPECT_EQ(dlg.lstUtilities->count(), rows + 1);
+    EXPECT_TRUE(dlg.lstUtilities->item(rows)->text().startsWith("rs\t\t"));
+
+    // Remove passes the whole line as the key and so removes nothing.
+    dlg.lstUtilities->setCurrentRow(0);
+    dlg.cmdRemove_Click();
+    EXPECT_EQ(Setting("ASP", "Syntax Associations"), "ASP Default Profile");
+
+    SaveSetting("Kestrum", "Syntax Associations", "C", "Mine");
+    dialogs.AnswerMsgBox(MsgResult::Yes);
+    dlg.cmdReset_Click();
+    EXPECT_EQ(Setting("C", "Syntax Associations"), "C and C++ Default Profile");
+    EXPECT_EQ(Setting("rs", "Syntax Associations"), dlg.lstUtilities->item(rows)->text().mid(4));
+
+    QStringList opened;
+    std::filesystem::create_directories(tmp.path() + "app/Help");
+    SetHelpOpenerForTesting([&](const QString& p) { opened << p; });
+    dlg.cmdHelp->click();
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(ReadFileBytes(opened[0].toStdString()).find("util_language_setup.htm") != std::string::npos);
+}
+
+TEST_F(LanguageRecognitionTest, HelpThatCannotBeWrittenSaysSo) {
+    Start();
+    SetHelpOpenerForTesting([](const QString&) { ADD_FAILURE() << "browser opened"; });
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->Command("mnuHelpContents")->trigger(); // no Help folder in this program folder
+    ASSERT_EQ(dialogs.asked.size(), 1u);
+    EXPECT_EQ(dialogs.asked[0].caption, "Kestrum Help SubSystem");
+}
