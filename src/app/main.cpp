@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
         const QString target = AppTitle();
         AppTitle() = QStringLiteral("Previstance");
         QString name = FromBytes(StripQuotes(ToBytes(commandLine)));
-        SingleInstance::SendToProcess(target, ("LOADFILE" + name).toUtf8());
+        SingleInstance::SendToProcess(target, SingleInstance::LoadFileRequest(name));
         return 0;
     }
 

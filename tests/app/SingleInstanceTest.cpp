@@ -1,0 +1,238 @@
+// The local channel between instances, through real sockets in a folder of the test's own.
+#include "ChannelHelpers.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLocalServer>
+#include <QtEndian>
+#include <cstring>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+const QString kTitle = QStringLiteral("KestrumChannelTest");
+
+QByteArray Framed(const QByteArray& body, quint32 announced) {
+    char len[4];
+    qToBigEndian<quint32>(announced, len);
+    return QByteArray(len, 4) + body;
+}
+
+struct ChannelTest : ::testing::Test {
+    void SetUp() override {
+        ASSERT_TRUE(
+            SingleInstance::Listen(kTitle, [this](const QByteArray& r) { received.push_back(r); }));
+    }
+
+    // A client in this thread that writes the bytes as they are and then stays connected.
+    std::unique_ptr<QLocalSocket> RawClient(const QByteArray& bytes) {
+        auto s = std::make_unique<QLocalSocket>();
+        s->connectToServer(SingleInstance::ChannelName(kTitle));
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return s->state() == QLocalSocket::ConnectedState; }, 5000));
+        if (!bytes.isEmpty()) {
+            s->write(bytes);
+            s->flush();
+        }
+        return s;
+    }
+    static bool WaitDropped(QLocalSocket& s, int ms) {
+        return QTest::qWaitFor([&] { return s.state() == QLocalSocket::UnconnectedState; }, ms);
+    }
+    // A complete request still gets through: the channel did not stall on a bad client.
+    void ExpectServed(const QByteArray& request) {
+        size_t before = received.size();
+        ThreadedSend send(kTitle, request);
+        ASSERT_TRUE(send.Wait());
+        EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
+        ASSERT_EQ(received.size(), before + 1);
+        EXPECT_EQ(received.back(), request);
+    }
+
+    ScopedRuntimeDir runtime;
+    std::vector<QByteArray> received;
+};
+
+TEST_F(ChannelTest, RequestsArriveWhole) {
+    QByteArray binary;
+    for (int i = 0; i < 3 * 1024 * 1024; ++i) binary.append(char(i * 7 % 256));
+    for (const QByteArray& r : {QByteArray("LOADFILE/tmp/a file.txt"), QByteArray("MAKEFILE"),
+                                QByteArray("MAKEFILE\xC3\xA9t\xE9\r\n\0x", 16), binary})
+        ExpectServed(r);
+    EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
+}
+
+TEST_F(ChannelTest, AnEmptyRequestIsSentAsTheTestString) {
+    ThreadedSend send(kTitle, QByteArray());
+    ASSERT_TRUE(send.Wait());
+    EXPECT_TRUE(send.Ok());
+    ASSERT_EQ(received.size(), 1u);
+    EXPECT_EQ(received[0], "Send Test String");
+}
+
+TEST_F(ChannelTest, ARequestTrickledInPiecesIsPutTogether) {
+    QByteArray framed = Framed("MAKEFILEpieces", 14);
+    auto s = RawClient(framed.left(2));
+    QTest::qWait(50);
+    s->write(framed.mid(2, 5));
+    s->flush();
+    QTest::qWait(50);
+    s->write(framed.mid(7));
+    s->flush();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return s->bytesAvailable() > 0; }, 5000));
+    EXPECT_EQ(s->readAll(), "\x06");
+    ASSERT_EQ(received.size(), 1u);
+    EXPECT_EQ(received[0], "MAKEFILEpieces");
+}
+
+TEST_F(ChannelTest, BytesBehindARequestDoNotMakeASecondOne) {
+    auto s = RawClient(Framed("", 0) + "MAKEFILEmore bytes");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return s->bytesAvailable() > 0; }, 5000));
+    QTest::qWait(50);
+    ASSERT_EQ(received.size(), 1u);
+    EXPECT_TRUE(received[0].isEmpty());
+}
+
+TEST_F(ChannelTest, AnOversizeRequestIsDroppedAtOnce) {
+    SingleInstance::SetIdleClientTimeout(60000); // a drop now is not the idle timeout's
+    for (quint32 announced : {quint32(SingleInstance::kMaxRequest + 1), 0xFFFFFFFFu}) {
+        auto s = RawClient(Framed("MAKEFILE", announced));
+        EXPECT_TRUE(WaitDropped(*s, 3000)) << announced;
+        EXPECT_EQ(s->bytesAvailable(), 0) << "no acknowledgement";
+    }
+    EXPECT_TRUE(received.empty());
+    ExpectServed("ABORTCMD");
+}
+
+TEST_F(ChannelTest, ATruncatedRequestIsNeverHandled) {
+    for (QByteArray partial : {QByteArray("\x00\x00", 2), Framed("LOADFILE/tm", 100)}) {
+        auto s = RawClient(partial);
+        QTest::qWait(50);
+        s->disconnectFromServer();
+        WaitDropped(*s, 3000);
+    }
+    QTest::qWait(50);
+    EXPECT_TRUE(received.empty());
+    ExpectServed("MAKEFILEafter");
+}
+
+TEST_F(ChannelTest, ASilentClientBlocksNobodyAndIsDropped) {
+    SingleInstance::SetIdleClientTimeout(300);
+    auto silent = RawClient({});
+    auto halfway = RawClient(Framed("MAKE", 8));
+    ExpectServed("MAKEFILEmeanwhile");
+    QElapsedTimer t;
+    t.start();
+    EXPECT_TRUE(WaitDropped(*silent, 5000));
+    EXPECT_TRUE(WaitDropped(*halfway, 5000));
+    EXPECT_GE(t.elapsed(), 100) << "dropped before it was idle";
+    EXPECT_EQ(received.size(), 1u);
+}
+
+TEST_F(ChannelTest, TheChannelMayBeStoppedOrReplacedInsideTheHandler) {
+    // As when the window closes in a dialog that the handler opened: the request was handled,
+    // nobody is left to acknowledge it, and nothing breaks.
+    std::vector<QByteArray> later;
+    auto replace = [&] {
+        SingleInstance::Listen(kTitle, [&](const QByteArray& r) { later.push_back(r); });
+    };
+    for (std::function<void()> action :
+         {std::function<void()>(SingleInstance::Stop), std::function<void()>(replace)}) {
+        ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) {
+            QTest::qWait(20); // an event loop inside the handler
+            received.push_back(r);
+            action();
+        }));
+        ThreadedSend send(kTitle, "ABORTCMD");
+        ASSERT_TRUE(send.Wait());
+        EXPECT_FALSE(send.Ok());
+        EXPECT_EQ(received.back(), "ABORTCMD");
+    }
+    ThreadedSend send(kTitle, "MAKEFILEto the new handler");
+    ASSERT_TRUE(send.Wait());
+    EXPECT_TRUE(send.Ok());
+    EXPECT_EQ(later, std::vector<QByteArray>({"MAKEFILEto the new handler"}));
+    EXPECT_EQ(received.size(), 2u);
+}
+
+TEST_F(ChannelTest, NobodyListeningMeansNoDelivery) {
+    SingleInstance::Stop();
+    EXPECT_FALSE(SingleInstance::IsRunning(kTitle));
+    EXPECT_FALSE(QFile::exists(SingleInstance::ChannelName(kTitle))) << "the name is given back";
+    QElapsedTimer t;
+    t.start();
+    QString error;
+    EXPECT_FALSE(SingleInstance::SendToProcess(kTitle, "ABORTCMD", 10000, &error));
+    EXPECT_LT(t.elapsed(), 2000);
+    EXPECT_EQ(error, "no KestrumChannelTest editor is running");
+}
+
+// A socket file that nobody listens on, as a killed instance leaves it.
+void LeaveStaleSocket(const QString& path) {
+    int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_GE(fd, 0);
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    QByteArray p = QFile::encodeName(path);
+    ASSERT_LT(size_t(p.size()), sizeof addr.sun_path);
+    std::memcpy(addr.sun_path, p.constData(), size_t(p.size()));
+    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+    ::close(fd);
+}
+
+TEST(ChannelStartTest, ANameLeftBehindIsTakenOver) {
+    ScopedRuntimeDir runtime;
+    const QString name = SingleInstance::ChannelName(kTitle);
+    LeaveStaleSocket(name);
+    ASSERT_TRUE(QFile::exists(name));
+    EXPECT_FALSE(SingleInstance::IsRunning(kTitle));
+
+    QByteArray got;
+    ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) { got = r; }));
+    ThreadedSend send(kTitle, "LOADFILE");
+    ASSERT_TRUE(send.Wait());
+    EXPECT_TRUE(send.Ok());
+    EXPECT_EQ(got, "LOADFILE");
+}
+
+TEST(ChannelStartTest, ALiveInstanceKeepsItsName) {
+    ScopedRuntimeDir runtime;
+    QLocalServer other;
+    ASSERT_TRUE(other.listen(SingleInstance::ChannelName(kTitle)));
+    EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
+    EXPECT_FALSE(SingleInstance::Listen(kTitle, [](const QByteArray&) {}));
+    QLocalSocket probe;
+    probe.connectToServer(SingleInstance::ChannelName(kTitle));
+    EXPECT_TRUE(probe.waitForConnected(2000)) << "the live instance lost its name";
+}
+
+TEST(ChannelStartTest, AFileInTheWayIsReplaced) {
+    ScopedRuntimeDir runtime;
+    QFile junk(SingleInstance::ChannelName(kTitle));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.close();
+    EXPECT_TRUE(SingleInstance::Listen(kTitle, [](const QByteArray&) {}));
+    EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
+}
+
+TEST(LoadFileRequestTest, ARelativeNameIsTakenFromTheWorkingFolder) {
+    const QString here = QDir::currentPath();
+    struct Case {
+        QString name;
+        QByteArray request;
+    } cases[] = {
+        {"", "LOADFILE"},
+        {"   ", "LOADFILE   "},
+        {"/abs/file.c", "LOADFILE/abs/file.c"},
+        {"file.c", ("LOADFILE" + here + "/file.c").toUtf8()},
+        {"sub/x y.KWS ", ("LOADFILE" + here + "/sub/x y.KWS ").toUtf8()},
+        {"caf\u00e9.txt", ("LOADFILE" + here + "/caf\u00e9.txt").toUtf8()},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(SingleInstance::LoadFileRequest(c.name), c.request) << c.name.toStdString();
+}
+
+} // namespace
