@@ -4,6 +4,7 @@
 #include "app/SingleInstance.h"
 #include "app/core/PathHelpers.h"
 #include "components/cDialogs.h"
+#include "components/cSysTray.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"
 
@@ -121,6 +122,8 @@ void frmMain::BuildWindow() {
 void frmMain::MDIForm_Load(const QString& commandLine) {
     CommandLine = commandLine;
     const QString app = AppTitle();
+    AttachSubclass();
+    LoadSysTray(); // reads "SysTray" before the upgrade rule may reset it
 
     // The upgrade rule: a changed build number resets the editor settings.
     bool ok = false;
@@ -228,6 +231,7 @@ void frmMain::MDIForm_Unload() {
     SaveSetting(app, "Settings", "FileBrowser", b(!BrowserRolledUp));
     SaveSetting(app, "Settings", "ClipText", b(!ClipRolledUp));
     SaveSetting(app, "Settings", "LastDir", LastDir);
+    if (sysTray) sysTray->SetInTray(false);
     SingleInstance::Stop();
 }
 

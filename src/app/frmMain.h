@@ -17,6 +17,8 @@ class QTabBar;
 class QToolBar;
 class QLocalServer;
 class frmDocument;
+class Subclass;
+class cSysTray;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -58,6 +60,30 @@ class frmMain : public QMainWindow {
     void mnuFormatIndent_Click();
     void mnuFormatUnindent_Click();
     void PopupEditMenu(const QPoint& globalPos);
+
+    // --- Requests from other processes and the window's focus (InterProcess.cpp) ---
+    // The first step of loading: the watcher of the window's focus.
+    void AttachSubclass();
+    // One request from another process: an eight-character word and its argument.
+    void Subclass_WndProc(const QByteArray& request);
+    // The main window itself got the focus: it goes on to the active document.
+    void Subclass_GotFocus();
+    // Puts the focus in the active document's edit control, if there is a document.
+    void FocusActiveDocument();
+
+    // --- Tray icon and its menu (frmMainTray.cpp) ---
+    // Puts the icon in the tray while "SysTray" is 1; makes the icon and its menu first.
+    void LoadSysTray();
+    void cSysTray_MouseDblClick(int button);
+    void cSysTray_MouseUp(int button);
+    void mnuHiddenShowKestrum_Click();
+    void mnuHiddenCloseKestrum_Click();
+    void mnuHiddenOpenFile_Click();
+    void mnuHiddenHexEditFile_Click();
+
+    Subclass* subclass = nullptr;
+    cSysTray* sysTray = nullptr;
+    QMenu* mnuHidden = nullptr; // the tray's popup
 
     QMdiArea* mdiArea = nullptr;
     QTabBar* tabFiles = nullptr;

@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
     app.processEvents();
 
     frmMain main;
-    SingleInstance::Listen(AppTitle(), [](const QByteArray&) {});
+    SingleInstance::Listen(AppTitle(), [&main](const QByteArray& r) { main.Subclass_WndProc(r); });
     main.MDIForm_Load(commandLine);
     main.show();
     splash.finish(&main);
