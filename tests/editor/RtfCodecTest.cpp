@@ -65,7 +65,7 @@ TEST(RtfCodec, SmallColouredTextMatchesTheGoldenFile) {
 
     RtfContent back = ReadRtf(golden, kPalette, false);
     EXPECT_EQ(back.text, text);
-    ExpectSameColours(text, slots, back.slots);
+    ExpectSameColours(text, slots, back.styles);
 }
 
 TEST(RtfCodec, CharactersAreEscapedForTheDocumentsEncoding) {
@@ -157,7 +157,7 @@ TEST(RtfCodec, RandomDocumentsSurviveTheRoundTrip) {
             for (size_t i = 1; i < text.size(); ++i)
                 if (utf8 && (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80)
                     expected[i] = expected[i - 1];
-            ExpectSameColours(text, expected, back.slots);
+            ExpectSameColours(text, expected, back.styles);
         }
     }
 }
@@ -173,7 +173,7 @@ TEST(RtfCodec, SlotsWithTheSameColourKeepTheirNumbers) {
                                {1, ColorSlot::Text},
                                {2, ColorSlot::Keywords1}});
     RtfContent back = ReadRtf(WriteRtf(text, slots, same, kFont, false), same, false);
-    EXPECT_EQ(back.slots, slots);
+    EXPECT_EQ(back.styles, slots);
 }
 
 TEST(RtfCodec, WordProcessorOutputIsReadForItsTextAndColours) {
@@ -198,7 +198,7 @@ TEST(RtfCodec, WordProcessorOutputIsReadForItsTextAndColours) {
     auto slotAt = [&](const RtfContent& c, std::string_view word) {
         size_t at = c.text.find(word);
         EXPECT_NE(at, std::string::npos) << word;
-        return at == std::string::npos ? -1 : int(c.slots[at]);
+        return at == std::string::npos ? -1 : int(c.styles[at]);
     };
     EXPECT_EQ(slotAt(utf, "Plain"), int(ColorSlot::Text));
     EXPECT_EQ(slotAt(utf, "bold"), int(ColorSlot::Keywords0)); // 0,0,128 is slot 1 here
@@ -209,14 +209,14 @@ TEST(RtfCodec, WordProcessorOutputIsReadForItsTextAndColours) {
     // An 8-bit document takes the code page's bytes, and the fallback where it has no byte.
     RtfContent latin = ReadRtf(rtf, kPalette, false);
     EXPECT_NE(latin.text.find("\x80 \x80 ??\x97\xA0xy-z"), std::string::npos) << latin.text;
-    EXPECT_EQ(latin.slots.size(), latin.text.size());
+    EXPECT_EQ(latin.styles.size(), latin.text.size());
 }
 
 TEST(RtfCodec, ControlCharactersGivenAsEscapesBecomeLineEnds) {
     // Every line end of the result is CR LF, whatever escapes spelled it.
     RtfContent c = ReadRtf("{\\rtf1 a\\'0d\\'0ab\\'0dc\\'0ad\\u13?e\\\nf}", kPalette, false);
     EXPECT_EQ(c.text, "a\r\nb\r\nc\r\nd\r\ne\r\nf");
-    EXPECT_EQ(c.slots.size(), c.text.size());
+    EXPECT_EQ(c.styles.size(), c.text.size());
 }
 
 TEST(RtfCodec, BadInputGivesADefinedResult) {
@@ -244,13 +244,13 @@ TEST(RtfCodec, BadInputGivesADefinedResult) {
     for (const Case& c : cases) {
         RtfContent r = ReadRtf(c.rtf, kPalette, false);
         EXPECT_EQ(r.text, c.text) << c.rtf;
-        EXPECT_EQ(r.slots.size(), r.text.size()) << c.rtf;
-        for (char s : r.slots) EXPECT_EQ(s, char(ColorSlot::Text)) << c.rtf;
+        EXPECT_EQ(r.styles.size(), r.text.size()) << c.rtf;
+        for (char s : r.styles) EXPECT_EQ(s, char(ColorSlot::Text)) << c.rtf;
     }
     // Nesting far deeper than any real document neither overflows nor loses the text.
     std::string deep = "{\\rtf1{\\colortbl;\\red0\\green0\\blue128;}" + std::string(200000, '{') +
                        "\\cf1 deep" + std::string(200000, '}') + " out}";
     RtfContent r = ReadRtf(deep, kPalette, true);
     EXPECT_EQ(r.text, "deep out");
-    EXPECT_EQ(r.slots, Slots({{4, ColorSlot::Keywords0}, {4, ColorSlot::Text}}));
+    EXPECT_EQ(r.styles, Slots({{4, ColorSlot::Keywords0}, {4, ColorSlot::Text}}));
 }

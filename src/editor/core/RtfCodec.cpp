@@ -124,7 +124,7 @@ size_t AppendChar(std::string& out, std::string_view text, size_t i, bool utf8) 
 
 } // namespace
 
-std::string WriteRtf(std::string_view text, std::string_view slots, const RtfPalette& palette,
+std::string WriteRtf(std::string_view text, std::string_view styles, const RtfPalette& palette,
                      const RtfFont& font, bool utf8) {
     std::string out;
     out.reserve(text.size() + text.size() / 8 + 512);
@@ -154,7 +154,7 @@ std::string WriteRtf(std::string_view text, std::string_view slots, const RtfPal
             out += "\\par\n";
             continue;
         }
-        int slot = i < slots.size() ? static_cast<unsigned char>(slots[i]) : 0;
+        int slot = i < styles.size() ? static_cast<unsigned char>(styles[i]) : 0;
         if (slot >= kColorSlotCount) slot = 0;
         if (slot != current) {
             out += "\\cf";
@@ -470,14 +470,14 @@ class RtfReader {
         if (st_.dest != Dest::Body) return;
         if (cellTabAt_ && cellTabAt_ == out_.text.size() && out_.text.back() == '\t') {
             out_.text.pop_back();
-            out_.slots.pop_back();
+            out_.styles.pop_back();
         }
         cellTabAt_ = 0;
         LineEnd();
     }
 
     // Gives the bytes just added the slot of the current colour.
-    void Paint() { out_.slots.resize(out_.text.size(), char(CurrentSlot())); }
+    void Paint() { out_.styles.resize(out_.text.size(), char(CurrentSlot())); }
 
     uint8_t CurrentSlot() {
         if (slotOfIndex_.size() != table_.size()) {
@@ -519,7 +519,7 @@ RtfContent ReadRtf(std::string_view rtf, const RtfPalette& palette, bool utf8) {
     size_t start = rtf.find_first_not_of(" \t\r\n");
     if (start == std::string_view::npos || rtf.substr(start, 5) != "{\\rtf") {
         RtfContent plain{ToCrLf(rtf), {}};
-        plain.slots.assign(plain.text.size(), char(ColorSlot::Text));
+        plain.styles.assign(plain.text.size(), char(ColorSlot::Text));
         return plain;
     }
     return RtfReader(palette, utf8).Read(rtf.substr(start));

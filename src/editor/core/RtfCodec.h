@@ -24,15 +24,15 @@ struct RtfFont {
     bool italic = false;
 };
 
-// Writes the text, with one slot byte per text byte (missing or unknown slots are Text), as
-// an RTF document whose colour table is the palette in slot order, so that \cfN is slot N.
+// Writes the text, with one slot byte per text byte in styles (missing or unknown ones are
+// Text), as an RTF document whose colour table is the palette in slot order: \cfN is slot N.
 // Bytes above 127 become \'hh in an 8-bit document and \uN? in a UTF-8 one.
-std::string WriteRtf(std::string_view text, std::string_view slots, const RtfPalette& palette,
+std::string WriteRtf(std::string_view text, std::string_view styles, const RtfPalette& palette,
                      const RtfFont& font, bool utf8);
 
 struct RtfContent {
-    std::string text;  // CR LF line ends, encoded for the target document
-    std::string slots; // one ColorSlot byte per text byte
+    std::string text;   // CR LF line ends, encoded for the target document
+    std::string styles; // one ColorSlot byte per text byte
 };
 
 // Reads RTF into text for a UTF-8 or an 8-bit document. A colour of the file's table becomes
