@@ -1,5 +1,6 @@
 #include "editor/RichEdit.h"
 
+#include "editor/SafeSave.h"
 #include "editor/core/TextCodec.h"
 
 #include <QDragEnterEvent>
@@ -9,7 +10,6 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QSaveFile>
 #include <QUrl>
 #include <algorithm>
 
@@ -229,6 +229,12 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     std::string raw, converted;
     raw.resize(size_t(std::min<qint64>(kChunk, std::max<qint64>(f.size(), 1))));
     Sci(SCI_SETUNDOCOLLECTION, 0);
+    // Each modification event costs the control a pass over the text before the insertion,
+    // which for chunks appended at the end grows with the file: the events are off during
+    // the load, and its one change is reported at the end.
+    long eventMask = Sci(SCI_GETMODEVENTMASK);
+    Sci(SCI_SETMODEVENTMASK, 0);
+    bool hadText = TextLength() > 0;
     Sci(SCI_CLEARALL);
     if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
     bool ok = true;
@@ -249,6 +255,8 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     norm.Finish(converted);
     SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
     setUtf8(utf8.Finish());
+    Sci(SCI_SETMODEVENTMASK, eventMask);
+    if (hadText || TextLength() > 0) emit textChanged();
     Sci(SCI_SETUNDOCOLLECTION, 1);
     Sci(SCI_EMPTYUNDOBUFFER);
     Sci(SCI_SETSEL, 0, 0);
@@ -258,23 +266,11 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
 }
 
 bool RichEdit::SaveFile(const QString& path, int type, QString* error) {
-    // Through a temporary file in the same folder and a rename over the old file, so that a
-    // failed write leaves the old file whole; where the folder cannot be written but the file
-    // can, the file is written in place.
-    QSaveFile f(path);
-    f.setDirectWriteFallback(true);
-    if (!f.open(QIODevice::WriteOnly)) {
-        if (error) *error = f.errorString();
-        return false;
-    }
-    std::string_view bytes = TextView();
-    (void)type;
-    if (f.write(bytes.data(), qint64(bytes.size())) != qint64(bytes.size()) || !f.commit()) {
-        if (error) *error = f.errorString();
-        f.cancelWriting();
-        return false;
-    }
-    return true;
+    // Type 0 is the document as rich text, any other type its plain text. Either way a failed
+    // write leaves the old file whole.
+    std::string rtf;
+    if (type == 0) rtf = TextRTF();
+    return SaveBytesSafely(path, type == 0 ? std::string_view(rtf) : TextView(), error);
 }
 
 // ---------------------------------------------------------------- search

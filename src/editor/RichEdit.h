@@ -78,6 +78,13 @@ class RichEdit : public QsciScintilla {
     // Type 1 is plain text. On failure returns false with the reason in *error.
     bool LoadFile(const QString& path, int type, QString* error);
     bool SaveFile(const QString& path, int type, QString* error);
+    // The document, or the selection, as RTF with its colours and font; setting one reads
+    // what getting it writes, and RTF from word processors (RichEditRtf.cpp).
+    std::string TextRTF() const;
+    void SetTextRTF(std::string_view rtf);
+    std::string SelRTF() const;
+    // Replaces the selection with the text of the RTF, in its colours.
+    void SetSelRTF(std::string_view rtf);
     bool IsUtf8Document() const { return isUtf8(); }
     // A new, empty document in UTF-8.
     void ResetEncoding(bool utf8);

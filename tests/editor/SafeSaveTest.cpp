@@ -1,0 +1,115 @@
+#include "editor/SafeSave.h"
+#include "editor/RichEdit.h"
+#include "support/FileSizeLimit.h"
+#include "support/TempDir.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct SafeSaveTest : ::testing::Test {
+    TempDir dir;
+    ~SafeSaveTest() override { SetTemporaryFilesRefusedForTesting(false); }
+
+    bool Save(const std::string& path, std::string_view bytes, QString* error = nullptr) {
+        QString ignored;
+        return SaveBytesSafely(QString::fromStdString(path), bytes, error ? error : &ignored);
+    }
+    // The names in the folder, to see that nothing was left behind.
+    std::vector<std::string> Entries() const {
+        std::vector<std::string> names;
+        for (const auto& e : fs::directory_iterator(dir.path()))
+            names.push_back(e.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+};
+
+const std::string kOld = "old contents\r\nkept byte for byte\r\n";
+const std::string kLarge(64 * 1024, 'x');
+
+} // namespace
+
+TEST_F(SafeSaveTest, ReplacesTheFileKeepingItsPermissionsAndLinks) {
+    std::string target = dir.write("target.txt", kOld);
+    ::chmod(target.c_str(), 0640);
+    fs::create_symlink("target.txt", dir.file("link.txt"));
+    ASSERT_TRUE(Save(dir.file("link.txt"), "new"));
+    EXPECT_TRUE(fs::is_symlink(dir.file("link.txt")));
+    EXPECT_EQ(ReadFileBytes(target), "new");
+    EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    ASSERT_TRUE(Save(dir.file("fresh.txt"), ""));
+    EXPECT_TRUE(FileExists(dir.file("fresh.txt")));
+    EXPECT_EQ(Entries(), (std::vector<std::string>{"fresh.txt", "link.txt", "target.txt"}));
+}
+
+TEST_F(SafeSaveTest, PathsThatCannotBeFilesFailWithAReason) {
+    std::string notAFolder = dir.write("plain", kOld);
+    fs::create_directory(dir.file("folder"));
+    for (const std::string& path :
+         {dir.file("folder"), notAFolder + "/x.txt", dir.file("missing/x.txt"), std::string()}) {
+        QString error;
+        EXPECT_FALSE(Save(path, "new", &error)) << path;
+        EXPECT_FALSE(error.isEmpty()) << path;
+    }
+    EXPECT_TRUE(fs::is_directory(dir.file("folder")));
+    EXPECT_EQ(ReadFileBytes(notAFolder), kOld);
+}
+
+TEST_F(SafeSaveTest, AFullDiskLeavesTheOldFileAndNoTemporaryFile) {
+    std::string target = dir.write("keep.txt", kOld);
+    QString error;
+    {
+        FileSizeLimit full(4096);
+        EXPECT_FALSE(Save(target, kLarge, &error));
+    }
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(ReadFileBytes(target), kOld);
+    EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"});
+}
+
+// Where no new file may be made beside the old one, the old one is written in place.
+TEST_F(SafeSaveTest, AFolderWithoutRoomForNewFilesIsWrittenInPlace) {
+    SetTemporaryFilesRefusedForTesting(true);
+    std::string target = dir.write("keep.txt", kOld);
+    for (const std::string& bytes : {std::string("longer than the old contents, by quite a bit"),
+                                     std::string("short"), std::string()}) {
+        ASSERT_TRUE(Save(target, bytes));
+        EXPECT_EQ(ReadFileBytes(target), bytes);
+    }
+    QString error;
+    EXPECT_FALSE(Save(dir.file("new.txt"), "x", &error)); // a new file needs the folder
+    EXPECT_EQ(error, "Permission denied");
+    EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"});
+}
+
+TEST_F(SafeSaveTest, AFullDiskDuringAnInPlaceWritePutsTheOldContentBack) {
+    SetTemporaryFilesRefusedForTesting(true);
+    std::string target = dir.write("keep.txt", kOld);
+    QString error;
+    {
+        FileSizeLimit full(4096);
+        EXPECT_FALSE(Save(target, kLarge, &error));
+    }
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(error.contains("put back")) << error.toStdString();
+    EXPECT_EQ(ReadFileBytes(target), kOld);
+}
+
+TEST_F(SafeSaveTest, TheControlSavesPlainTextOrRichText) {
+    RichEdit edit;
+    edit.SetText("plain {text}\n");
+    edit.PaintRange(0, 5, ColorSlot::Keywords0);
+    std::string path = dir.file("out");
+    QString error;
+    ASSERT_TRUE(edit.SaveFile(QString::fromStdString(path), 1, &error));
+    EXPECT_EQ(ReadFileBytes(path), "plain {text}\r\n");
+    ASSERT_TRUE(edit.SaveFile(QString::fromStdString(path), 0, &error));
+    EXPECT_EQ(ReadFileBytes(path), edit.TextRTF());
+    EXPECT_NE(ReadFileBytes(path).find("\\cf1 plain\\cf0  \\{text\\}\\par"), std::string::npos);
+}
