@@ -2,6 +2,8 @@
 // frmMain: the multiple-document main window. It owns the document area, the tab strip,
 // the tool bars, the status bar and the side panes, and every command of the program
 // arrives here first.
+#include "components/cDialogs.h"
+
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
@@ -104,6 +106,8 @@ class frmMain : public QMainWindow {
     bool BrowserRolledUp = false;
     bool ClipRolledUp = false;
     QString LastDir;
+    // The one common dialog of the file commands; what a command sets stays for the next.
+    FileDialogOptions dlgCommonDialog;
 
     // The command line as this instance was started with it.
     QString CommandLine;

@@ -1,0 +1,222 @@
+// The exports, the two launch commands, Cancel everywhere, and failed saves.
+#include "app/FileCommandsFixture.h"
+#include "editor/SafeSave.h"
+#include "support/FileSizeLimit.h"
+
+#include <QDesktopServices>
+#include <QElapsedTimer>
+#include <QUrl>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace {
+
+struct FileExportTest : FileCommandsFixture {
+    void TearDown() override {
+        SetTemporaryFilesRefusedForTesting(false);
+        FileCommandsFixture::TearDown();
+    }
+    // The untitled document of the start, holding a small coloured text.
+    frmDocument* Coloured() {
+        frmDocument* d = Doc();
+        d->rtfText->SetText("if x then\n  -- note\nend\n");
+        d->rtfText->PaintRange(0, 2, ColorSlot::Keywords0);
+        d->rtfText->PaintRange(5, 4, ColorSlot::Keywords0);
+        d->rtfText->PaintRange(13, 7, ColorSlot::Comment);
+        d->rtfText->PaintRange(22, 3, ColorSlot::Keywords0);
+        d->ChangedHighLight = false; // coloured as it stands: no pass repaints it
+        return d;
+    }
+};
+
+// Records what the desktop is asked to open.
+class UrlCatcher : public QObject {
+    Q_OBJECT
+  public:
+    QList<QUrl> urls;
+  public slots:
+    void open(const QUrl& url) { urls << url; }
+};
+
+} // namespace
+
+TEST_F(FileExportTest, RtfExportCarriesTheColoursAndReadsBackTheSame) {
+    frmDocument* d = Coloured();
+    dialogs.AnswerFile(Q(tmp.file("out.rtf")));
+    main->mnuFileExportRTF_Click();
+    const FileDialogOptions& o = Last().file;
+    EXPECT_EQ(o.title, "Export as RTF");
+    EXPECT_EQ(o.filter, "Rich Text Format (*.rtf)|*.rtf|All Files (*.*)|*.*");
+    EXPECT_EQ(o.defaultExt, "rtf");
+    EXPECT_TRUE(o.save);
+    EXPECT_TRUE(main->dlgCommonDialog.defaultExt.isEmpty()); // reset behind the dialog
+    EXPECT_EQ(d->Caption(), "Untitled 1");
+    EXPECT_TRUE(d->Tag.isEmpty());
+    EXPECT_TRUE(d->Changed);
+
+    std::string rtf = ReadFileBytes(tmp.file("out.rtf"));
+    ASSERT_EQ(rtf.rfind("{\\rtf1", 0), 0u);
+    // The colour table holds what the document shows: slot 1 is keyword colour 0.
+    QColor k0 = ColorFromLong(g_EditorSettings().KeywordColor[0]);
+    EXPECT_EQ(d->rtfText->SlotColor(ColorSlot::Keywords0), k0);
+    std::string entry = "\\red" + std::to_string(k0.red()) + "\\green" +
+                        std::to_string(k0.green()) + "\\blue" + std::to_string(k0.blue()) + ";";
+    EXPECT_NE(rtf.find(entry), std::string::npos) << rtf;
+
+    frmDocument* copy = NewWithText("");
+    copy->rtfText->SetTextRTF(rtf);
+    EXPECT_EQ(Text(copy), Text(d));
+    for (int64_t i : {0, 1, 2, 5, 8, 11, 13, 19, 22, 24})
+        EXPECT_EQ(copy->rtfText->SlotAt(i), d->rtfText->SlotAt(i)) << "at " << i;
+}
+
+TEST_F(FileExportTest, UnixExportDeletesEveryCarriageReturn) {
+    frmDocument* d = Doc();
+    d->rtfText->SetText("one\r\ntwo\r\n\r\n");
+    d->rtfText->SetSelStart(3);
+    d->rtfText->SetSelText("\r\r"); // a run of bare CRs goes too
+    bool changed = d->Changed;
+    dialogs.AnswerFile(Q(tmp.file("unix.txt")));
+    main->mnuFileExportUnix_Click();
+    EXPECT_EQ(Last().file.title, "Save As UNIX File...");
+    EXPECT_TRUE(Last().file.overwritePrompt);
+    ExpectDocumentFilter(Last().file.filter);
+    EXPECT_EQ(ReadFileBytes(tmp.file("unix.txt")), "one\ntwo\n\n");
+    EXPECT_EQ(d->Changed, changed);
+    EXPECT_TRUE(d->Tag.isEmpty());
+    EXPECT_EQ(d->Caption(), "Untitled 1");
+}
+
+TEST_F(FileExportTest, CancelIsSilentEverywhere) {
+    const std::vector<void (frmMain::*)()> commands = {
+        &frmMain::mnuFileOpen_Click,       &frmMain::mnuFileSave_Click,
+        &frmMain::mnuFileSaveAs_Click,     &frmMain::mnuFileSaveAll_Click,
+        &frmMain::mnuFileExportRTF_Click,  &frmMain::mnuFileExportUnix_Click,
+        &frmMain::mnuEditInsertFile_Click, &frmMain::mnuEditAddFiletoStart_Click,
+        &frmMain::mnuEditAppendFile_Click, &frmMain::mnuFileOpenHex_Click,
+        &frmMain::mnuFileOpenImage_Click};
+    frmDocument* d = Doc();
+    d->rtfText->SetText("kept");
+    for (auto command : commands) {
+        size_t asked = dialogs.asked.size();
+        dialogs.AnswerFile(std::nullopt);
+        (main.get()->*command)();
+        Settle();
+        // One dialog and nothing after it; ScriptedDialogs fails on any other question.
+        EXPECT_EQ(dialogs.asked.size(), asked + 1);
+        EXPECT_EQ(OpenCount(), 1u);
+        EXPECT_EQ(Text(d), "kept");
+        EXPECT_TRUE(d->Changed);
+        EXPECT_EQ(d->Caption(), "Untitled 1");
+    }
+}
+
+// Export RTF and Open Image set no flags: they show what the last command left.
+TEST_F(FileExportTest, TheSharedDialogKeepsWhatTheLastCommandSet) {
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileSaveAs_Click();
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileOpenImage_Click();
+    EXPECT_EQ(Last().file.title, "Open");
+    EXPECT_EQ(Last().file.filter, "Standard Format Images|*.bmp;*.gif;*.jpg");
+    EXPECT_EQ(Last().file.filterIndex, 0);
+    EXPECT_FALSE(Last().file.save);
+    EXPECT_TRUE(Last().file.overwritePrompt);
+    EXPECT_FALSE(Last().file.fileMustExist);
+
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuEditInsertFile_Click();
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileExportRTF_Click();
+    EXPECT_TRUE(Last().file.fileMustExist);
+    EXPECT_FALSE(Last().file.overwritePrompt);
+}
+
+TEST_F(FileExportTest, TheHexEditorStartsBesideTheProgramOrIsReportedMissing) {
+    std::string file = tmp.write("data.bin", "\x01\x02");
+    dialogs.AnswerFile(Q(file)).AnswerMsgBox(MsgResult::OK);
+    main->mnuFileOpenHex_Click();
+    ASSERT_EQ(dialogs.asked.size(), 2u);
+    EXPECT_EQ(dialogs.asked[0].file.title, "Open");
+    EXPECT_EQ(dialogs.asked[0].file.filter, "All Files|*.*");
+    EXPECT_EQ(dialogs.asked[0].file.filterIndex, 0);
+    EXPECT_TRUE(dialogs.asked[0].file.fileMustExist);
+    EXPECT_EQ(Last().caption, "Error");
+    EXPECT_EQ(Last().text, "Kestrum was unable to launch its Hex Editor program, NIBBLER.EXE. "
+                           "Please ensure that it exists in the Kestrum path.");
+
+    // A stand-in that writes down its one argument.
+    std::string editor =
+        tmp.write("app/NIBBLER.EXE", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.args\"\n");
+    ::chmod(editor.c_str(), 0755);
+    dialogs.AnswerFile(Q(file));
+    main->mnuFileOpenHex_Click();
+    QElapsedTimer t;
+    t.start();
+    while (!FileExists(editor + ".args") && t.elapsed() < 10000) QTest::qWait(20);
+    QTest::qWait(50);
+    EXPECT_EQ(ReadFileBytes(editor + ".args"), file + "|");
+}
+
+TEST_F(FileExportTest, OpenImageHandsTheFileToTheDesktop) {
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler("file", &catcher, "open");
+    std::string image = tmp.write("pic.gif", "GIF89a");
+    dialogs.AnswerFile(Q(image));
+    main->mnuFileOpenImage_Click();
+    QDesktopServices::unsetUrlHandler("file");
+    ASSERT_EQ(catcher.urls.size(), 1);
+    EXPECT_EQ(catcher.urls[0], QUrl::fromLocalFile(Q(image)));
+    EXPECT_EQ(OpenCount(), 1u);
+}
+
+// Every failed save reports in its command's words and leaves the old file byte for byte.
+TEST_F(FileExportTest, FailedSavesKeepTheOldFileAndReport) {
+    const std::string old = "the old file\r\n";
+    std::string target = tmp.write("keep.txt", old);
+    dialogs.AnswerFile(Q(target));
+    main->mnuFileOpen_Click();
+    Settle();
+    frmDocument* d = Doc();
+    d->rtfText->SetText(std::string(64 * 1024, 'n'));
+    struct Case {
+        const char* what;
+        bool refuseTemporaryFiles;
+    };
+    for (const Case& c : {Case{"full disk", false}, Case{"full disk, read-only folder", true}}) {
+        SetTemporaryFilesRefusedForTesting(c.refuseTemporaryFiles);
+        dialogs.AnswerMsgBox(MsgResult::OK);
+        {
+            FileSizeLimit full(4096);
+            main->mnuFileSave_Click();
+        }
+        EXPECT_EQ(Last().caption, "Kestrum") << c.what;
+        EXPECT_TRUE(
+            Last().text.startsWith("An error occurred trying to save the file keep.txt.\r\n"))
+            << c.what;
+        EXPECT_TRUE(d->Changed) << c.what;
+        EXPECT_EQ(ReadFileBytes(target), old) << c.what;
+    }
+    SetTemporaryFilesRefusedForTesting(false);
+
+    // Targets that cannot be files: a folder in the file's place, a file in the folder's.
+    std::filesystem::create_directories(tmp.file("folder.txt"));
+    std::string notAFolder = tmp.file("keep.txt/x.txt");
+    dialogs.AnswerFile(Q(tmp.file("folder.txt"))).AnswerMsgBox(MsgResult::OK);
+    main->mnuFileSaveAs_Click();
+    EXPECT_TRUE(Last().text.startsWith("An error occurred when saving the file keep.txt.\r"));
+    EXPECT_TRUE(Last().text.endsWith("\r\nForm Index 2")) << Last().text.toStdString();
+    EXPECT_EQ(d->Tag, Q(target));
+    EXPECT_TRUE(d->Changed);
+
+    for (auto command : {&frmMain::mnuFileExportRTF_Click, &frmMain::mnuFileExportUnix_Click}) {
+        dialogs.AnswerFile(Q(notAFolder)).AnswerMsgBox(MsgResult::OK);
+        (main.get()->*command)();
+        EXPECT_EQ(Last().caption, "Kestrum");
+        EXPECT_TRUE(Last().text.startsWith("An error occurred when saving the file keep.txt.\r"));
+        EXPECT_FALSE(Last().text.contains("\r\n"));
+    }
+    EXPECT_EQ(ReadFileBytes(target), old);
+}
+
+#include "FileExportCommandsTest.moc"

@@ -1,0 +1,200 @@
+// Open, recent files, close, reload and the three insert commands.
+#include "app/FileCommandsFixture.h"
+
+#include <filesystem>
+
+namespace {
+struct FileOpenTest : FileCommandsFixture {};
+} // namespace
+
+TEST_F(FileOpenTest, OpenAsksWithTheOpenDialogAndLoadsIntoANewDocument) {
+    std::string file = tmp.write("src/main.c", "int main;\nreturn;\n");
+    main->LastDir = Q(tmp.path());
+    dialogs.AnswerFile(Q(file));
+    main->mnuFileOpen_Click();
+    Settle();
+
+    ASSERT_EQ(dialogs.asked.size(), 1u);
+    const FileDialogOptions& o = Last().file;
+    EXPECT_EQ(Last().kind, "File");
+    EXPECT_EQ(o.title, "Open");
+    EXPECT_FALSE(o.save);
+    EXPECT_TRUE(o.fileMustExist);
+    EXPECT_FALSE(o.overwritePrompt);
+    EXPECT_EQ(o.initDir, Q(tmp.path()));
+    ExpectDocumentFilter(o.filter);
+
+    ASSERT_EQ(OpenCount(), 2u);
+    frmDocument* d = Doc();
+    EXPECT_EQ(d->FormIndex, 2);
+    EXPECT_EQ(d->Caption(), "main.c");
+    EXPECT_EQ(TabText(d->TabKey()), "main.c");
+    EXPECT_EQ(d->Tag, Q(file));
+    EXPECT_EQ(Text(d), "int main;\r\nreturn;\r\n");
+    EXPECT_FALSE(d->Changed);
+    EXPECT_EQ(main->RecentFiles[1], Q(file));
+    EXPECT_EQ(main->LastDir, Q(tmp.path() + "src/"));
+    EXPECT_FALSE(FileExists(tmp.file("src/main.BAK")));
+}
+
+// The backup holds the text as loaded; its name depends on the command.
+TEST_F(FileOpenTest, BackupOnOpenReplacesTheExtensionAndRecentFilesMakeNone) {
+    g_EditorSettings().Backup = true;
+    struct Case {
+        std::string file, backup;
+    };
+    for (const Case& c : {Case{"a.txt", "a.BAK"}, Case{"two.dots.c", "two.dots.BAK"},
+                          // The last dot of the whole path counts, even in a folder's name.
+                          Case{"dir.d/noext", "dir.BAK"}}) {
+        std::string file = tmp.write(c.file, "line\nnext");
+        dialogs.AnswerFile(Q(file));
+        main->mnuFileOpen_Click();
+        EXPECT_EQ(ReadFileBytes(tmp.file(c.backup)), "line\r\nnext") << c.file;
+        EXPECT_FALSE(FileExists(file + "~"));
+    }
+
+    std::string file = tmp.write("recent.txt", "recent");
+    main->RecentFiles[2] = Q(file);
+    main->RefreshRecentFiles();
+    auto before = main->RecentFiles;
+    main->mnuFileRecent_Click(2);
+    Settle();
+    EXPECT_EQ(Doc()->Caption(), "recent.txt");
+    EXPECT_EQ(Doc()->Tag, Q(file));
+    EXPECT_EQ(Text(Doc()), "recent");
+    EXPECT_FALSE(Doc()->Changed);
+    EXPECT_FALSE(FileExists(tmp.file("recent.BAK")));
+    EXPECT_FALSE(FileExists(file + "~"));
+    EXPECT_EQ(main->RecentFiles, before); // the list does not move
+}
+
+TEST_F(FileOpenTest, AFailedOpenReportsAndLeavesTheNewDocument) {
+    struct Case {
+        std::string name;
+        bool backup;
+    };
+    // A file that went away after the dialog, and a backup that cannot be written.
+    std::filesystem::create_directories(tmp.file("b.BAK"));
+    std::string present = tmp.write("b.txt", "text of b");
+    for (const Case& c : {Case{"gone.txt", false}, Case{"b.txt", true}}) {
+        g_EditorSettings().Backup = c.backup;
+        size_t before = OpenCount();
+        dialogs.AnswerFile(Q(tmp.file(c.name))).AnswerMsgBox(MsgResult::OK);
+        main->mnuFileOpen_Click();
+        Settle();
+        EXPECT_EQ(Last().caption, "File I/O Error");
+        EXPECT_TRUE(
+            Last().text.startsWith("An error occurred while you were trying to open a file:\r\n"));
+        EXPECT_GT(Last().text.size(), 58); // the reason follows
+        ASSERT_EQ(OpenCount(), before + 1);
+        EXPECT_TRUE(Doc()->Caption().startsWith("Untitled ")) << c.name;
+        EXPECT_TRUE(Doc()->Tag.isEmpty());
+    }
+    EXPECT_TRUE(main->RecentFiles[1].isEmpty());
+
+    // A recent file that no longer exists.
+    main->RecentFiles[1] = Q(tmp.file("vanished.txt"));
+    main->RefreshRecentFiles();
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuFileRecent_Click(1);
+    EXPECT_EQ(Last().caption, "File I/O Error");
+}
+
+TEST_F(FileOpenTest, CloseAsksOnlyAboutChangedDocuments) {
+    NewWithText("typed");
+    dialogs.AnswerMsgBox(MsgResult::Cancel);
+    main->mnuFileClose_Click();
+    EXPECT_EQ(Last().caption, "Save Changes?");
+    EXPECT_EQ(OpenCount(), 2u);
+    dialogs.AnswerMsgBox(MsgResult::No);
+    main->mnuFileClose_Click();
+    Settle();
+    EXPECT_EQ(OpenCount(), 1u);
+    EXPECT_EQ(main->FindTab("Tab2"), -1);
+    main->mnuFileClose_Click(); // unchanged: no question
+    Settle();
+    EXPECT_EQ(OpenCount(), 0u);
+    main->mnuFileClose_Click(); // nothing open: nothing happens
+    EXPECT_EQ(dialogs.asked.size(), 2u);
+}
+
+TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
+    // No file behind the document.
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Last().caption, "Unable to Reload File");
+    EXPECT_EQ(Last().text,
+              "This file has not been saved, and does not exist on disk to be re-loaded.");
+
+    std::string file = tmp.write("r.txt", "on disk");
+    dialogs.AnswerFile(Q(file));
+    main->mnuFileOpen_Click();
+    Settle();
+    frmDocument* d = Doc();
+    d->rtfText->SetText("edited");
+    ASSERT_TRUE(d->Changed);
+    dialogs.AnswerMsgBox(MsgResult::No);
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Last().caption, "Confirm");
+    EXPECT_EQ(Last().buttons, MsgButtons::YesNo);
+    EXPECT_TRUE(Last().text.startsWith("The contents of this document have changed."));
+    EXPECT_EQ(Text(d), "edited");
+    EXPECT_TRUE(d->Changed);
+
+    dialogs.AnswerMsgBox(MsgResult::Yes);
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Text(d), "on disk");
+    EXPECT_FALSE(d->Changed);
+
+    // Unchanged: read again without a question.
+    size_t asked = dialogs.asked.size();
+    tmp.write("r.txt", "changed on disk");
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Text(d), "changed on disk");
+    EXPECT_EQ(dialogs.asked.size(), asked);
+
+    // A file gone from disk is passed over without a word.
+    std::filesystem::remove(file);
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Text(d), "changed on disk");
+    EXPECT_EQ(dialogs.asked.size(), asked);
+}
+
+TEST_F(FileOpenTest, TheInsertCommandsPlaceTheFileAsEachPromises) {
+    std::string file = tmp.write("ins.txt", "X\nY");
+    struct Case {
+        void (frmMain::*command)();
+        QString title;
+        std::string expected;
+    };
+    // Before each: "0123456789" with "345" selected.
+    const std::vector<Case> cases = {
+        {&frmMain::mnuEditInsertFile_Click, "Select File to Insert", "012X\r\nY6789"},
+        {&frmMain::mnuEditAddFiletoStart_Click, "Select File to Insert", "X\r\nY0123456789"},
+        {&frmMain::mnuEditAppendFile_Click, "Select File to Append", "012345X\r\nY6789"},
+    };
+    for (const Case& c : cases) {
+        frmDocument* d = NewWithText("0123456789");
+        d->rtfText->SetSelStart(3);
+        d->rtfText->SetSelLength(3);
+        dialogs.AnswerFile(Q(file));
+        (main.get()->*c.command)();
+        EXPECT_EQ(Text(d), c.expected) << c.title.toStdString();
+        EXPECT_EQ(Last().file.title, c.title);
+        EXPECT_EQ(Last().file.filter, "All Files (*.*)|*.*");
+        EXPECT_TRUE(Last().file.fileMustExist);
+        EXPECT_FALSE(Last().file.save);
+    }
+    // With nothing selected the appended file lands at the caret, not at the end.
+    frmDocument* d = NewWithText("abcdef");
+    d->rtfText->SetSelStart(2);
+    dialogs.AnswerFile(Q(file));
+    main->mnuEditAppendFile_Click();
+    EXPECT_EQ(Text(d), "abX\r\nYcdef");
+
+    // A file that cannot be read ends the command without a word.
+    std::filesystem::create_directories(tmp.file("adir"));
+    dialogs.AnswerFile(Q(tmp.file("adir")));
+    main->mnuEditInsertFile_Click();
+    EXPECT_EQ(Text(d), "abX\r\nYcdef");
+}

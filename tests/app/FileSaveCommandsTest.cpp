@@ -1,0 +1,156 @@
+// Save, Save As and Save All: dialogs, names, tabs and the bytes written.
+#include "app/FileCommandsFixture.h"
+
+#include <filesystem>
+
+namespace {
+
+struct FileSaveTest : FileCommandsFixture {
+    // A document opened from a file, then edited.
+    frmDocument* OpenEdited(const std::string& name, std::string_view edited) {
+        std::string file = tmp.write(name, "as on disk\n");
+        dialogs.AnswerFile(Q(file));
+        main->mnuFileOpen_Click();
+        Settle();
+        Doc()->rtfText->SetText(edited);
+        return Doc();
+    }
+    // Slots 1 to 3 untitled, slot 1 closed: the tab at position n is slot n + 1's.
+    void OpenThreeCloseFirst() {
+        main->mnuFileNew_Click();
+        main->mnuFileNew_Click();
+        Settle();
+        Slot(1)->CloseWith(frmDocument::vbFormCode);
+        Settle();
+        ASSERT_EQ(main->tabFiles->count(), 2);
+    }
+};
+
+} // namespace
+
+TEST_F(FileSaveTest, ANamedDocumentIsSavedWithoutADialog) {
+    frmDocument* d = OpenEdited("named.txt", "new text\nline two");
+    size_t asked = dialogs.asked.size();
+    main->mnuFileSave_Click();
+    EXPECT_EQ(dialogs.asked.size(), asked);
+    EXPECT_EQ(ReadFileBytes(tmp.file("named.txt")), "new text\r\nline two");
+    EXPECT_FALSE(d->Changed);
+    EXPECT_EQ(main->RecentFiles[2], ""); // saving does not enter the recent list
+}
+
+TEST_F(FileSaveTest, AnUntitledDocumentAsksForANameWithTheSaveDialog) {
+    main->LastDir = Q(tmp.path() + "browsed/");
+    // The open dialog leaves its folder in the shared dialog; Save takes it as it stands.
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileOpen_Click();
+    frmDocument* d = NewWithText("fresh\n");
+    dialogs.AnswerFile(Q(tmp.file("fresh.c")));
+    main->mnuFileSave_Click();
+
+    const FileDialogOptions& o = Last().file;
+    EXPECT_EQ(o.title, "Save");
+    EXPECT_TRUE(o.save);
+    EXPECT_TRUE(o.overwritePrompt);
+    EXPECT_FALSE(o.fileMustExist);
+    EXPECT_EQ(o.initDir, Q(tmp.path() + "browsed/"));
+    ExpectDocumentFilter(o.filter);
+    EXPECT_EQ(ReadFileBytes(tmp.file("fresh.c")), "fresh\r\n");
+    EXPECT_EQ(d->Tag, Q(tmp.file("fresh.c")));
+    EXPECT_EQ(d->Caption(), "fresh.c");
+    EXPECT_EQ(TabText(d->TabKey()), "fresh.c");
+    EXPECT_FALSE(d->Changed);
+    EXPECT_EQ(main->LastDir, Q(tmp.path() + "browsed/")); // Save leaves the folder alone
+
+    // A caption that starts with "Untitled " means no file, whatever the Tag says.
+    d->SetCaption("Untitled draft");
+    dialogs.AnswerFile(Q(tmp.file("draft.c")));
+    main->mnuFileSave_Click();
+    EXPECT_EQ(Last().file.title, "Save");
+    EXPECT_EQ(d->Caption(), "draft.c");
+}
+
+// Save renames the tab at the document's slot number counted as a position; Save As the
+// tab that carries the document's key.
+TEST_F(FileSaveTest, SaveNamesTheTabByPositionAndSaveAsByKey) {
+    OpenThreeCloseFirst();
+    Activate(Slot(2));
+    dialogs.AnswerFile(Q(tmp.file("two.txt")));
+    main->mnuFileSave_Click();
+    EXPECT_EQ(Slot(2)->Caption(), "two.txt");
+    EXPECT_EQ(TabText("Tab2"), "Untitled 2");
+    EXPECT_EQ(TabText("Tab3"), "two.txt"); // position 2 holds slot 3's tab
+
+    // Slot 3 has no tab at position 3: the file is written, then the command reports.
+    Activate(Slot(3));
+    dialogs.AnswerFile(Q(tmp.file("three.txt"))).AnswerMsgBox(MsgResult::OK);
+    main->mnuFileSave_Click();
+    EXPECT_EQ(Last().caption, "Kestrum");
+    EXPECT_EQ(Last().text,
+              "An error occurred trying to save the file three.txt.\r\nIndex out of bounds");
+    EXPECT_TRUE(FileExists(tmp.file("three.txt")));
+    EXPECT_EQ(Slot(3)->Caption(), "three.txt");
+
+    Activate(Slot(2));
+    main->LastDir = Q(tmp.path());
+    dialogs.AnswerFile(Q(tmp.file("sub/renamed.txt")));
+    std::filesystem::create_directories(tmp.file("sub"));
+    main->mnuFileSaveAs_Click();
+    EXPECT_EQ(Last().file.title, "Save As");
+    EXPECT_EQ(Last().file.initDir, Q(tmp.path()));
+    EXPECT_TRUE(Last().file.overwritePrompt);
+    ExpectDocumentFilter(Last().file.filter);
+    EXPECT_EQ(TabText("Tab2"), "renamed.txt");
+    EXPECT_EQ(Slot(2)->Tag, Q(tmp.file("sub/renamed.txt")));
+    EXPECT_EQ(main->LastDir, Q(tmp.file("sub/")));
+    EXPECT_TRUE(FileExists(tmp.file("sub/renamed.txt")));
+}
+
+TEST_F(FileSaveTest, SaveAsOfANamedDocumentWritesTheNewFileAndKeepsTheOld) {
+    frmDocument* d = OpenEdited("old.c", "edited");
+    dialogs.AnswerFile(Q(tmp.file("new.pas")));
+    main->mnuFileSaveAs_Click();
+    EXPECT_EQ(ReadFileBytes(tmp.file("new.pas")), "edited");
+    EXPECT_EQ(ReadFileBytes(tmp.file("old.c")), "as on disk\n");
+    EXPECT_EQ(d->Caption(), "new.pas");
+    EXPECT_FALSE(d->Changed);
+    EXPECT_EQ(main->RecentFiles[1], Q(tmp.file("old.c"))); // not entered again
+}
+
+TEST_F(FileSaveTest, SaveAllStopsAtTheFirstCancelledDialog) {
+    // Slot 1 untitled, 2 named, 3 untitled, 4 named; all changed.
+    Slot(1)->rtfText->SetText("one");
+    frmDocument* two = OpenEdited("two.txt", "two edited");
+    frmDocument* three = NewWithText("three");
+    frmDocument* four = OpenEdited("four.txt", "four edited");
+    dialogs.AnswerFile(Q(tmp.file("one.txt"))).AnswerFile(std::nullopt);
+    main->mnuFileSaveAll_Click();
+
+    ASSERT_EQ(dialogs.asked.size(), 4u); // two opens, then two save dialogs
+    EXPECT_EQ(dialogs.asked[2].file.title, "Save Untitled 1");
+    EXPECT_EQ(dialogs.asked[3].file.title, "Save Untitled 3");
+    ExpectDocumentFilter(dialogs.asked[3].file.filter);
+    EXPECT_EQ(ReadFileBytes(tmp.file("one.txt")), "one");
+    EXPECT_EQ(Slot(1)->Caption(), "one.txt");
+    EXPECT_EQ(TabText("Tab1"), "one.txt");
+    EXPECT_FALSE(Slot(1)->Changed);
+    EXPECT_EQ(ReadFileBytes(tmp.file("two.txt")), "two edited");
+    EXPECT_FALSE(two->Changed);
+    EXPECT_TRUE(three->Changed);
+    EXPECT_TRUE(four->Changed); // behind the cancelled dialog: left alone
+    EXPECT_EQ(ReadFileBytes(tmp.file("four.txt")), "as on disk\n");
+}
+
+TEST_F(FileSaveTest, SaveAllReportsAFailureOnceAndStops) {
+    frmDocument* bad = OpenEdited("bad.txt", "x");
+    frmDocument* good = OpenEdited("good.txt", "y");
+    Slot(1)->CloseWith(frmDocument::vbFormCode);
+    std::filesystem::remove(tmp.file("bad.txt"));
+    std::filesystem::create_directories(tmp.file("bad.txt"));
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuFileSaveAll_Click();
+    EXPECT_EQ(Last().caption, "File I/O Error");
+    EXPECT_EQ(Last().text, "An error occurred during the save process.");
+    EXPECT_TRUE(bad->Changed);
+    EXPECT_TRUE(good->Changed);
+    EXPECT_EQ(ReadFileBytes(tmp.file("good.txt")), "as on disk\n");
+}
