@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <random>
 
@@ -106,6 +107,12 @@ TEST(RtfCodec, HeaderCarriesFontAndPaletteInSlotOrder) {
                        "\\green0\\blue0;\\red255\\green0\\blue255;}"),
               std::string::npos);
     EXPECT_NE(rtf.find("\\fs24\\b\\i\\cf0 x}"), std::string::npos);
+    // Sizes out of range, or no number at all, still give a valid \fs.
+    for (auto [points, fs] : {std::pair{0.2f, "\\fs2\\"}, std::pair{1e9f, "\\fs3276\\"},
+                              std::pair{std::nanf(""), "\\fs20\\"}}) {
+        std::string r = WriteRtf("x", {}, kPalette, {"F", points, false, false}, false);
+        EXPECT_NE(r.find(fs), std::string::npos) << points;
+    }
 }
 
 TEST(RtfCodec, ColourRunsChangeOnlyWhereTheSlotChanges) {

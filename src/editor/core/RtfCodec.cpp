@@ -3,6 +3,7 @@
 #include "editor/core/TextCodec.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -140,7 +141,9 @@ std::string WriteRtf(std::string_view text, std::string_view styles, const RtfPa
     for (const RtfColor& c : palette)
         out += "\\red" + std::to_string(c.red) + "\\green" + std::to_string(c.green) + "\\blue" +
                std::to_string(c.blue) + ';';
-    int halfPoints = std::clamp(int(font.points * 2 + 0.5f), 2, 3276);
+    // \fs counts half points; a size that is no number gets the usual ten points.
+    float points = std::isfinite(font.points) ? std::clamp(font.points, 1.0f, 1638.0f) : 10.0f;
+    int halfPoints = int(points * 2 + 0.5f);
     out += "}\n\\pard\\plain\\f0\\fs" + std::to_string(halfPoints);
     if (font.bold) out += "\\b";
     if (font.italic) out += "\\i";
