@@ -69,6 +69,8 @@ void frmMain::BuildWindow() {
     h->addWidget(tabFiles, 1);
     v->addWidget(picTabs);
 
+    connect(cboProfiles, &QComboBox::activated, this, [this] { cboProfiles_Click(); });
+
     mdiArea = new QMdiArea(central);
     mdiArea->setObjectName("mdiArea");
     mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -87,11 +89,13 @@ void frmMain::BuildWindow() {
         return tb;
     };
     tbFile = band(tr("File"), "File");
+    tbFile->toggleViewAction()->setEnabled(false); // the first band cannot be hidden
     tbAdvanced = band(tr("Compiler"), "Compiler");
     picDOcInfo = band(tr("Cursor"), "Cursor");
     lblDocInfo = new QLabel(picDOcInfo);
     lblDocInfo->setMinimumWidth(140);
     picDOcInfo->addWidget(lblDocInfo);
+    addToolBarBreak(); // two rows, so that no band hides its buttons behind a chevron
     tbEdit = band(tr("Edit"), "Edit");
     tbSearch = band(tr("Search"), "Search");
 
@@ -114,7 +118,21 @@ void frmMain::BuildWindow() {
     // The completion list of the cliptext pane; filled when a library is chosen.
     lstClip = new QListWidget(this);
     lstClip->hide();
-    mnuEdit = new QMenu(tr("&Edit"), this);
+
+    BuildMenus();
+    BuildToolbars();
+    // "Documents:" pops up the Window menu with the open documents at its end.
+    lblOpenFiles->installEventFilter(this);
+    lblOpenFiles->setCursor(Qt::PointingHandCursor);
+}
+
+bool frmMain::eventFilter(QObject* o, QEvent* e) {
+    if (o == lblOpenFiles && e->type() == QEvent::MouseButtonRelease) {
+        if (QMenu* w = Command("mnuWindow")->menu())
+            w->popup(lblOpenFiles->mapToGlobal(QPoint(0, lblOpenFiles->height())));
+        return true;
+    }
+    return QMainWindow::eventFilter(o, e);
 }
 
 // ---------------------------------------------------------------- load and unload
@@ -174,10 +192,20 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
         RecentFiles[size_t(i)] = GetSetting(app, "Settings", QStringLiteral("RecentFile%1").arg(i));
     RefreshRecentFiles();
 
+    Command("mnuViewBrowser")->setChecked(!BrowserRolledUp);
+    Command("mnuViewCliptext")->setChecked(!ClipRolledUp);
+    for (auto [item, band] : {std::pair{"mnuViewToolbarsCompiler", tbAdvanced},
+                              {"mnuViewToolbarsEdit", tbEdit},
+                              {"mnuViewToolbarsSearch", tbSearch},
+                              {"mnuViewToolbarsCursor", picDOcInfo}})
+        Command(item)->setChecked(!band->isHidden());
+
     if (flag("First Load", true)) {
         SaveSetting(app, "Settings", "First Load", "False");
         setWindowState(windowState() | Qt::WindowMaximized);
     }
+    CreateSyntaxAssocs();
+    RefreshControls();
 
     NewDocument();
     if (!commandLine.isEmpty()) LoadCommandLine(commandLine);
@@ -349,11 +377,3 @@ void frmMain::PopupEditMenu(const QPoint& globalPos) {
     if (mnuEdit && !mnuEdit->isEmpty()) mnuEdit->popup(globalPos);
 }
 
-// ---------------------------------------------------------------- seams of later commands
-
-void frmMain::mnuFileSave_Click() {}
-void frmMain::CycleRecentFiles(const QString&) {}
-void frmMain::RefreshRecentFiles() {}
-int frmMain::GoClip(const QString&) const { return -1; }
-void frmMain::mnuFormatIndent_Click() {}
-void frmMain::mnuFormatUnindent_Click() {}

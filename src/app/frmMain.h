@@ -6,6 +6,9 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QHash>
+#include <QKeySequence>
+#include <QList>
 #include <QString>
 #include <array>
 
@@ -18,6 +21,7 @@ class QMenu;
 class QTabBar;
 class QToolBar;
 class QLocalServer;
+class QAction;
 class frmDocument;
 class Subclass;
 class cSysTray;
@@ -51,17 +55,76 @@ class frmMain : public QMainWindow {
     void SetDocInfo(const QString& text);
     QString DocInfo() const;
 
-    // --- Commands used by the documents ---
+    // --- File commands (frmMainFile.cpp) ---
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileOpenHex_Click();
+    void mnuFileOpenImage_Click();
+    void mnuFileClose_Click();
     void mnuFileSave_Click();
+    void mnuFileSaveAs_Click();
+    void mnuFileSaveAll_Click();
+    void mnuFileExportRTF_Click();
+    void mnuFileExportUnix_Click();
+    void mnuEditReload_Click();
+    void mnuEditInsertFile_Click();
+    void mnuEditAddFiletoStart_Click();
+    void mnuEditAppendFile_Click();
+    void mnuFileRecent_Click(int index);
     void mnuFileExit_Click();
     // Clears the editor settings and the language table, then exits.
     void mnuPrefsReset_Click();
-    void CycleRecentFiles(const QString& name);
-    void RefreshRecentFiles();
-    int GoClip(const QString& word) const;
+
+    // --- Edit, view, window and help commands (frmMainCommands.cpp) ---
+    void mnuEditUndo_Click();
+    void mnuEditCut_Click();
+    void mnuEditCopy_Click();
+    void mnuEditPaste_Click();
+    void mnuEditPasteNew_Click();
+    void mnuEditSelectLine_Click();
+    void mnuEditSelectAll_Click();
+    void mnuEditDateTime_Click();
+    void mnuEditDeleteLine_Click();
+    void mnuEditToggleWrap_Click();
+    void mnuViewToolbarsCompiler_Click();
+    void mnuViewToolbarsEdit_Click();
+    void mnuViewToolbarsSearch_Click();
+    void mnuViewToolbarsCursor_Click();
+    void mnuViewBrowser_Click();
+    void mnuViewCliptext_Click();
+    void mnuViewRefresh_Click();
+    void mnuViewRefreshColors_Click();
+    void mnuViewFileInfo_Click();
+    void mnuViewOpenDef_Click();
+    void mnuAdvancedOpenViewer_Click();
+    void mnuPrefsRecog_Click();
+    void mnuAdvancedAssoc_Click();
+    void mnuWindowNewWindow_Click();
+    void mnuWindowDuplicate_Click();
+    void mnuWindowCascade_Click();
+    void mnuWindowTileHorizontal_Click();
+    void mnuWindowTileVertical_Click();
+    void mnuWindowArrangeIcons_Click();
+    void mnuWindowMinAll_Click();
+    void mnuWindowResAll_Click();
+    void mnuWindowCloseAll_Click();
+    void mnuHelpContents_Click();
     void mnuFormatIndent_Click();
     void mnuFormatUnindent_Click();
+    void mnuFormatCommentBlock_Click();
+    void cboProfiles_Click();
+
+    // --- Shared by the commands ---
+    void CycleRecentFiles(const QString& name);
+    void RefreshRecentFiles();
+    void RefreshControls();
+    void CreateSyntaxAssocs();
+    int GoClip(const QString& word) const;
     void PopupEditMenu(const QPoint& globalPos);
+    // The menu item of a command by its name ("mnuFileSave"); null when there is none.
+    QAction* Command(const QString& name) const;
+    // Every shortcut of the menus: the edit controls leave these keys to the menus.
+    QList<QKeySequence> MenuShortcuts() const;
 
     // --- Requests from other processes and the window's focus (InterProcess.cpp) ---
     // The first step of loading: the watcher of the window's focus.
@@ -118,11 +181,17 @@ class frmMain : public QMainWindow {
 
   private:
     void BuildWindow();
+    void BuildMenus();
+    void BuildToolbars();
     void tabFiles_Click(int index);
     void OnSubWindowActivated(QMdiSubWindow* w);
     void LoadCommandLine(const QString& commandLine);
+    void RunLineCommand(int step);
+    bool eventFilter(QObject* o, QEvent* e) override;
 
     std::array<QLabel*, 8> panels_{};
+    QHash<QString, QAction*> commands_;
+    std::array<QAction*, 6> recentItems_{}; // 0 is the separator
     QPointer<QMdiSubWindow> lastActive_;
     bool unloaded_ = false;
 };

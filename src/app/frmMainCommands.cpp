@@ -339,28 +339,22 @@ void frmMain::mnuEditToggleWrap_Click() {
 // ---------------------------------------------------------------- view commands
 
 namespace {
-void ShowBand(QAction* item, QToolBar* band) { band->setVisible(item->isChecked()); }
+// Flips the item's check mark and shows the band from it.
+void ToggleBand(QAction* item, QToolBar* band) {
+    item->setChecked(!item->isChecked());
+    band->setVisible(item->isChecked());
+}
 } // namespace
 
 void frmMain::mnuViewToolbarsCompiler_Click() {
-    QAction* a = Command("mnuViewToolbarsCompiler");
-    a->setChecked(!a->isChecked());
-    ShowBand(a, tbAdvanced);
+    ToggleBand(Command("mnuViewToolbarsCompiler"), tbAdvanced);
 }
-void frmMain::mnuViewToolbarsEdit_Click() {
-    QAction* a = Command("mnuViewToolbarsEdit");
-    a->setChecked(!a->isChecked());
-    ShowBand(a, tbEdit);
-}
+void frmMain::mnuViewToolbarsEdit_Click() { ToggleBand(Command("mnuViewToolbarsEdit"), tbEdit); }
 void frmMain::mnuViewToolbarsSearch_Click() {
-    QAction* a = Command("mnuViewToolbarsSearch");
-    a->setChecked(!a->isChecked());
-    ShowBand(a, tbSearch);
+    ToggleBand(Command("mnuViewToolbarsSearch"), tbSearch);
 }
 void frmMain::mnuViewToolbarsCursor_Click() {
-    QAction* a = Command("mnuViewToolbarsCursor");
-    a->setChecked(!a->isChecked());
-    ShowBand(a, picDOcInfo);
+    ToggleBand(Command("mnuViewToolbarsCursor"), picDOcInfo);
 }
 
 void frmMain::mnuViewBrowser_Click() {

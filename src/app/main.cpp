@@ -6,11 +6,31 @@
 #include "app/frmMain.h"
 
 #include <QApplication>
+#include <QTimer>
+#include <atomic>
+#include <csignal>
 #include <QPainter>
 #include <QPixmap>
 #include <QSplashScreen>
 
 namespace {
+std::atomic<bool> terminateRequested{false};
+
+// The end of the session closes the main window as the user would, so that the window
+// and layout keys are written.
+void CatchTermination() {
+    std::signal(SIGTERM, [](int) { terminateRequested = true; });
+    std::signal(SIGHUP, [](int) { terminateRequested = true; });
+}
+
+void WatchForTermination(frmMain& main) {
+    auto* t = new QTimer(&main);
+    QObject::connect(t, &QTimer::timeout, &main, [&main] {
+        if (terminateRequested.exchange(false)) main.close();
+    });
+    t->start(100);
+}
+
 // The whole command line is one file name: blanks and all belong to it.
 QString CommandLineOf(const QStringList& args) { return args.mid(1).join(' '); }
 
@@ -34,6 +54,7 @@ QPixmap SplashPicture() {
 } // namespace
 
 int main(int argc, char** argv) {
+    CatchTermination(); // a request that comes early is served once the window stands
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kestrum"));
     QString commandLine = CommandLineOf(QApplication::arguments());
@@ -51,6 +72,7 @@ int main(int argc, char** argv) {
     app.processEvents();
 
     frmMain main;
+    WatchForTermination(main);
     SingleInstance::Listen(AppTitle(), [&main](const QByteArray& r) { main.Subclass_WndProc(r); });
     main.MDIForm_Load(commandLine);
     main.show();

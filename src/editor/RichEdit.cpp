@@ -3,6 +3,8 @@
 #include "editor/SafeSave.h"
 #include "editor/core/TextCodec.h"
 
+#include <Qsci/qscicommand.h>
+#include <Qsci/qscicommandset.h>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
@@ -40,6 +42,7 @@ RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
     ApplyColors();
 
     connect(this, &QsciScintilla::textChanged, this, [this] {
+        ++version_;
         if (events_) events_->rtfText_Change();
     });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
@@ -72,6 +75,14 @@ std::string RichEdit::Text() const { return std::string(TextView()); }
 std::string_view RichEdit::TextView() const {
     auto* p = reinterpret_cast<const char*>(Sci(SCI_GETCHARACTERPOINTER));
     return {p, size_t(TextLength())};
+}
+
+std::string_view RichEdit::TextViewFrom(int64_t start) const {
+    int64_t n = TextLength();
+    start = std::clamp<int64_t>(start, 0, n);
+    if (start == n) return {};
+    auto* p = reinterpret_cast<const char*>(Sci(SCI_GETRANGEPOINTER, start, n - start));
+    return {p, size_t(n - start)};
 }
 
 void RichEdit::SetText(std::string_view bytes) {
@@ -135,6 +146,53 @@ void RichEdit::PaintStyles(int64_t start, std::string_view styleBytes) {
 ColorSlot RichEdit::SlotAt(int64_t pos) const {
     long s = Sci(SCI_GETSTYLEAT, pos);
     return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
+}
+
+std::string RichEdit::Styles(int64_t start, int64_t length) const {
+    int64_t n = TextLength();
+    start = std::clamp<int64_t>(start, 0, n);
+    length = std::clamp<int64_t>(length, 0, n - start);
+    // The control hands out text and style bytes interleaved, two bytes a position.
+    std::string both(size_t(2 * length + 2), '\0');
+    struct {
+        struct { long cpMin, cpMax; } chrg;
+        char* lpstrText;
+    } range{{long(start), long(start + length)}, both.data()};
+    SciPtr(SCI_GETSTYLEDTEXT, 0, &range);
+    std::string styles(size_t(length), '\0');
+    for (int64_t i = 0; i < length; ++i) styles[size_t(i)] = both[size_t(2 * i + 1)];
+    return styles;
+}
+
+void RichEdit::CopyFrom(const RichEdit& other) {
+    setUtf8(other.isUtf8());
+    std::string_view t = other.TextView();
+    Sci(SCI_CLEARALL);
+    SciPtr(SCI_APPENDTEXT, t.size(), t.data());
+    PaintStyles(0, other.Styles(0, other.TextLength()));
+    Sci(SCI_SETSEL, 0, 0);
+}
+
+void RichEdit::ApplyEdits(const std::vector<TextEdit>& edits) {
+    if (edits.empty()) return;
+    UndoGroup group(*this);
+    // From the back, so that the positions of the edits still to come stay valid.
+    for (auto it = edits.rbegin(); it != edits.rend(); ++it) {
+        Sci(SCI_SETTARGETRANGE, it->start, it->start + it->length);
+        SciPtr(SCI_REPLACETARGET, it->text.size(), it->text.data());
+    }
+}
+
+void RichEdit::ReleaseKeys(const QList<QKeySequence>& keys) {
+    QsciCommandSet* set = standardCommands();
+    for (const QKeySequence& seq : keys) {
+        if (seq.isEmpty()) continue;
+        int key = seq[0].toCombined();
+        while (QsciCommand* cmd = set->boundTo(key)) {
+            if (cmd->key() == key) cmd->setKey(0);
+            if (cmd->alternateKey() == key) cmd->setAlternateKey(0);
+        }
+    }
 }
 
 void RichEdit::SetSelColor(ColorSlot slot) { PaintRange(SelStart(), SelLength(), slot); }

@@ -6,9 +6,12 @@
 // Colour reaches the text as styles, one per colour slot, so that colouring is neither an
 // edit nor an undo step.
 #include "editor/core/ColorSlot.h"
+#include "transforms/core/LineTransforms.h"
 
 #include <Qsci/qsciscintilla.h>
 #include <QColor>
+#include <QKeySequence>
+#include <QList>
 #include <QStringList>
 #include <array>
 #include <cstdint>
@@ -43,6 +46,9 @@ class RichEdit : public QsciScintilla {
     std::string Text() const;
     // The buffer read in place; valid until the next change of the text.
     std::string_view TextView() const;
+    // The buffer from start to its end, read in place. Unlike TextView it moves the buffer's
+    // gap no further than start, so reading near the caret stays cheap in a large document.
+    std::string_view TextViewFrom(int64_t start) const;
     void SetText(std::string_view bytes); // line ends become CR LF
     int64_t TextLength() const;
     int64_t SelStart() const;
@@ -58,6 +64,17 @@ class RichEdit : public QsciScintilla {
     void PaintRange(int64_t start, int64_t length, ColorSlot slot);
     void PaintStyles(int64_t start, std::string_view styleBytes); // one slot byte per position
     ColorSlot SlotAt(int64_t pos) const;
+    // The slot bytes of a stretch, one per position.
+    std::string Styles(int64_t start, int64_t length) const;
+    // Text, colours and encoding of another control, in one step.
+    void CopyFrom(const RichEdit& other);
+    // Applies edits computed over the current text, as one undo step.
+    void ApplyEdits(const std::vector<TextEdit>& edits);
+    // Counts changes of the text; a pass that yields compares it to see whether the text
+    // it reads is still there.
+    quint64 Version() const { return version_; }
+    // Gives keys that the program's menus use back to the menus.
+    void ReleaseKeys(const QList<QKeySequence>& keys);
 
     // --- Look ---
     // The font applies to every slot: the control has one typeface, as the editor shows one.
@@ -140,6 +157,7 @@ class RichEdit : public QsciScintilla {
     bool bold_ = false, italic_ = false;
     int redrawOff_ = 0;
     long lastAnchor_ = 0, lastCaret_ = 0;
+    quint64 version_ = 0;
 };
 
 // Virtual-key code of a Qt key (0 when it has none we use).

@@ -5,14 +5,23 @@
 #include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
+#include "profiles/core/ProfileFile.h"
+#include "profiles/core/SyntaxAssociations.h"
+#include "transforms/core/LineTransforms.h"
+#include "transforms/core/MiscSubs.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QStatusBar>
+#include <QListWidget>
+#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -36,6 +45,7 @@ frmDocument::frmDocument(int16_t formIndex, QWidget* parent) : QWidget(parent), 
             m->SetPanelText(1, QObject::tr("This file is not UTF-8: it cannot hold that character."));
     });
     tmrChanges->start();
+    if (frmMain* m = MainForm()) rtfText->ReleaseKeys(m->MenuShortcuts());
 }
 
 frmDocument::~frmDocument() { Form_Unload(); }
@@ -53,6 +63,9 @@ void frmDocument::Form_Load() {
     frmMain* m = MainForm();
     if (QMdiSubWindow* w = SubWindow(); w && m) {
         QSize area = m->mdiArea->viewport()->size();
+        // Before the main window is first shown its area has no size yet.
+        if (area.width() < 200 || area.height() < 150)
+            area = (m->size() - QSize(0, 160)).expandedTo(QSize(400, 300));
         w->resize(int(area.width() * 0.9), int(area.height() * 0.9));
     }
     const EditorSettings& g = g_EditorSettings();
@@ -147,10 +160,6 @@ void frmDocument::rtfText_Change() {
     ChangedHighLight = true;
 }
 
-void frmDocument::rtfText_KeyDown(int&, int&) {}
-void frmDocument::rtfText_KeyPress(int&) {}
-void frmDocument::rtfText_KeyUp(int&, int&) {}
-
 void frmDocument::rtfText_MouseUp(int Button, int, int, int) {
     if (Button == 2)
         if (frmMain* m = MainForm()) m->PopupEditMenu(QCursor::pos());
@@ -225,10 +234,257 @@ void frmDocument::Form_Unload() {
     if (frmMain* m = MainForm()) m->RemoveTab(TabKey());
 }
 
-// ---------------------------------------------------------------- colouring seams
+// ---------------------------------------------------------------- syntax
 
-void frmDocument::ColorCode() {}
-void frmDocument::CodeLine() {}
-void frmDocument::CodePassage(int64_t, int64_t) {}
-void frmDocument::CommentBlock() {}
-void frmDocument::SetSyntax() {}
+void frmDocument::SetSyntax() {
+    if (syntaxLoaded_) return;
+    const EditorSettings& global = g_EditorSettings();
+    SyntaxChoice choice;
+    try {
+        choice = ResolveSyntax(Store(), ToBytes(AppTitle()), ToBytes(Tag));
+    } catch (const std::exception&) {
+        choice = {};
+    }
+    if (choice.useGlobal) {
+        settings_ = global;
+        return;
+    }
+    QString folder = AppDir() + "PROFILES";
+    QString path = folder + "/" + FromBytes(choice.profile);
+    // The profile file is opened for reading and writing, which creates a missing one: the
+    // window then simply has no keywords. A folder that cannot be reached is an error.
+    QFile f(path);
+    bool opened = QFileInfo(folder).isDir() && !QFileInfo(path).isDir() &&
+                  f.open(QIODevice::ReadWrite);
+    if (!opened) {
+        cDialogs::Get().MsgBox(
+            "The Syntax Profile associated with this file's extension was not found. This "
+            "window's syntax highlighting is deactivated.\n\nTo remedy this problem, fix the "
+            "settings in the 'Language Recognition' dialog, in the Preferences menu.",
+            MsgButtons::OK, MsgIcon::Exclamation, "Error");
+        return;
+    }
+    QByteArray bytes = f.readAll();
+    f.close();
+    settings_ = EditorSettings{};
+    ReadProfile(std::string_view(bytes.constData(), size_t(bytes.size())), settings_);
+    settings_.WordWrap = global.WordWrap;
+    syntaxLoaded_ = true;
+}
+
+// ---------------------------------------------------------------- colouring
+
+namespace {
+// Documents larger than this are hidden during a whole-document pass, which shows the
+// progress label; smaller ones are merely kept from repainting.
+constexpr int64_t kHideWhileColouring = 2 << 20;
+} // namespace
+
+PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)>& pass,
+                                   int64_t viewStart, bool showProgress) {
+    // The pass works on copies: the event loop runs inside it, and should this window go
+    // away meanwhile, nothing may be written into it afterwards.
+    QPointer<frmDocument> self(this);
+    PaintFlags flags{codingInProgress_, ChangedHighLight};
+    EditorSettings settings = settings_;
+    // The painter never reads in front of the range it colours, so it sees the text from the
+    // range's start on, and its positions count from there.
+    SlotBuffer painted(0, 0);
+    const quint64 version = rtfText->Version();
+    PaintContext ctx{rtfText->TextViewFrom(viewStart), settings, flags, painted, nullptr, nullptr};
+    ctx.Yield = [self, version] {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        return self && !self->unloaded_ && self->rtfText->Version() == version;
+    };
+    if (showProgress) {
+        ctx.Progress = [self](std::string_view caption) {
+            if (!self) return;
+            self->lblColors->setText(QString::fromUtf8(caption.data(), qsizetype(caption.size())));
+            self->lblColors->adjustSize();
+            self->Form_Resize();
+            self->lblColors->repaint();
+        };
+    }
+    // The flag is set while the pass runs, so that the guards hold during its yields.
+    codingInProgress_ = true;
+    PassResult r = pass(ctx);
+    if (!self) return PassResult::Aborted;
+    if (r != PassResult::Aborted && rtfText->Version() == version)
+        painted.ForEachSpan([this, viewStart](int64_t start, const uint8_t* p, int64_t n) {
+            rtfText->PaintStyles(viewStart + start,
+                                 std::string_view(reinterpret_cast<const char*>(p), size_t(n)));
+        });
+    settings_.Delimiters = settings.Delimiters; // classes clamped by the coders stay so
+    codingInProgress_ = flags.CodingInProgress;
+    ChangedHighLight = flags.ChangedHighLight;
+    return r;
+}
+
+void frmDocument::ColorCode() {
+    if (codingInProgress_ || !ChangedHighLight) return;
+    bool changed = Changed;
+    setCursor(Qt::BusyCursor);
+    bool hide = rtfText->TextLength() > kHideWhileColouring;
+    if (hide)
+        rtfText->setVisible(false);
+    else
+        rtfText->SetRedraw(false);
+    QPointer<frmDocument> self(this);
+    RunPainter([](PaintContext& c) { return ::ColorCode(c); }, 0, hide);
+    if (!self) return; // the window went while the pass yielded
+    if (hide)
+        rtfText->setVisible(true);
+    else
+        rtfText->SetRedraw(true);
+    if (frmMain* m = MainForm()) m->statusBar()->update();
+    Changed = changed;
+    unsetCursor();
+    codingInProgress_ = false;
+}
+
+void frmDocument::CodeLine() {
+    if (!codingInProgress_ && ChangedHighLight) {
+        int first = rtfText->FirstVisibleLine();
+        bool changed = Changed;
+        rtfText->SetRedraw(false);
+        int64_t a = rtfText->LineIndex(rtfText->LineFromChar(rtfText->SelStart()));
+        int64_t n = rtfText->LineLength(a);
+        codingInProgress_ = false;
+        RunPainter([n](PaintContext& c) { return ::CodeLine(c, 0, n); }, a, false);
+        ChangedHighLight = false;
+        rtfText->SetFirstVisibleLine(first);
+        rtfText->SetRedraw(true);
+        Changed = changed;
+    }
+    codingInProgress_ = false;
+}
+
+void frmDocument::CodePassage(int64_t first, int64_t last) {
+    if (first == last) {
+        codingInProgress_ = false;
+        return;
+    }
+    if (codingInProgress_ || !ChangedHighLight) return;
+    bool changed = Changed;
+    rtfText->SetRedraw(false);
+    // The painter's own guard handles the flag from here; it must see it clear to start.
+    int64_t from = std::min(first, last);
+    RunPainter([first, last, from](PaintContext& c) {
+        return ::CodePassage(c, first - from, last - from);
+    }, from, false);
+    ChangedHighLight = false;
+    codingInProgress_ = false;
+    rtfText->SetRedraw(true);
+    Changed = changed;
+}
+
+void frmDocument::CommentBlock() {
+    if (rtfText->SelLength() == 0) return;
+    const DelimiterPair* comment = nullptr;
+    for (const DelimiterPair& d : settings_.Delimiters)
+        if (d.DelimiterColor == 1) {
+            comment = &d;
+            break;
+        }
+    if (!comment) return;
+    std::string end = comment->DelimiterEnd;
+    for (char& c : end) c = char(std::toupper(static_cast<unsigned char>(c)));
+    if (end != "\r\n") {
+        // A block comment: the selection is wrapped once.
+        int64_t s = rtfText->SelStart();
+        int64_t length = rtfText->SelLength() + int64_t(comment->DelimiterStart.size() +
+                                                         comment->DelimiterEnd.size());
+        rtfText->SetSelText(comment->DelimiterStart + rtfText->SelText() + comment->DelimiterEnd);
+        CodePassage(s, s + length);
+    } else {
+        rtfText->SetRedraw(false);
+        LineCommandResult r = LineCommand(rtfText->TextView(), rtfText->SelStart(),
+                                          rtfText->SelLength(), LineStep::Prefix,
+                                          comment->DelimiterStart + " ");
+        rtfText->ApplyEdits(r.edits);
+        rtfText->SetSelStart(r.selStart);
+        rtfText->SetSelLength(r.selLength);
+        ChangedHighLight = true;
+        CodePassage(r.selStart, r.selStart + r.selLength);
+        rtfText->SetRedraw(true);
+    }
+    codingInProgress_ = false;
+}
+
+// ---------------------------------------------------------------- typing aids
+
+void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
+    frmMain* m = MainForm();
+    if (rtfText->SelLength() != 0 && KeyCode == 9 && m) {
+        if (Shift & 1)
+            m->mnuFormatUnindent_Click();
+        else
+            m->mnuFormatIndent_Click();
+    }
+    if (Shift == 4 && m) {
+        if (KeyCode == 39) m->mnuFormatIndent_Click();
+        if (KeyCode == 37) m->mnuFormatUnindent_Click();
+    }
+    if (KeyCode == 13) {
+        ChangedHighLight = true;
+        CodeLine();
+    }
+    if ((KeyCode == 32 || KeyCode == 13) && g_EditorSettings().AutoComplete && m) {
+        int64_t p = rtfText->SelStart();
+        rtfText->Span(std::string_view("\n\r .,:;?!"), false);
+        int64_t s = rtfText->SelStart();
+        rtfText->SetSelStart(s);
+        rtfText->SetSelLength(p - s);
+        std::string word(Trim(rtfText->SelText()));
+        int i = word.size() < 3 ? -1 : m->GoClip(FromBytes(word));
+        if (i < 0) {
+            rtfText->SetSelStart(p);
+            return;
+        }
+        // The typed prefix becomes the entry, in the entry's own case.
+        std::string entry = ToBytes(m->lstClip->item(i)->text());
+        {
+            UndoGroup group(*rtfText);
+            rtfText->SetSelText(entry);
+        }
+        ChangedHighLight = true;
+        CodePassage(s, rtfText->SelStart());
+    }
+}
+
+void frmDocument::rtfText_KeyPress(int& KeyAscii) {
+    const EditorSettings& g = g_EditorSettings();
+    if (KeyAscii == 13) {
+        // Auto-indent: the new line starts with as many spaces as this one. Tabs do not count.
+        int64_t a = rtfText->LineIndex(rtfText->LineFromChar(rtfText->SelStart()));
+        std::string_view line = rtfText->TextView().substr(size_t(a), size_t(rtfText->LineLength(a)));
+        size_t lead = line.size() - LTrim(line).size();
+        if (lead > 0) {
+            KeyAscii = 0;
+            rtfText->SetSelText("\r\n" + std::string(lead, ' '));
+        }
+        return;
+    }
+    if (g.AutoBracers) {
+        static const char* const pairs[][2] = {{"{", "}"}, {"[", "]"}, {"(", ")"}, {"\"", "\""}};
+        for (const auto& pair : pairs) {
+            if (KeyAscii != pair[0][0]) continue;
+            rtfText->SetSelText(pair[0] + rtfText->SelText() + pair[1]);
+            rtfText->SetSelStart(rtfText->SelStart() - 1);
+            KeyAscii = 0;
+            return;
+        }
+    }
+    if (KeyAscii == 9) {
+        if (rtfText->SelLength() == 0)
+            rtfText->SetSelText(g.RealTabs ? std::string("\t") : std::string(size_t(std::max<int>(g.TabWidth, 0)), ' '));
+        KeyAscii = 0; // with a selection the block indent of KeyDown has done the work
+    }
+}
+
+void frmDocument::rtfText_KeyUp(int& KeyCode, int&) {
+    if ((KeyCode == 38 || KeyCode == 40) && rtfText->SelLength() == 0) {
+        ChangedHighLight = true;
+        CodeLine();
+    }
+}

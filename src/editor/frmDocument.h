@@ -4,6 +4,9 @@
 // of different languages keep their own keyword lists.
 #include "app/core/EditorSettings.h"
 #include "editor/RichEdit.h"
+#include "editor/core/Painter.h"
+
+#include <functional>
 
 #include <QString>
 #include <QWidget>
@@ -81,6 +84,10 @@ class frmDocument : public QWidget, public RichEditEvents {
   private:
     // Form_QueryUnload: true cancels the close.
     bool Form_QueryUnload(int unloadMode);
+    // Runs a painter pass over this window's text from viewStart on and applies what it
+    // painted; the pass counts positions from viewStart.
+    PassResult RunPainter(const std::function<PassResult(PaintContext&)>& pass,
+                          int64_t viewStart, bool showProgress);
     void Form_Unload();
 
     EditorSettings settings_;

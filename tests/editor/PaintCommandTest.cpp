@@ -7,6 +7,9 @@
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
+#include <set>
+#include <sstream>
+#include "app/core/SettingsStore.h"
 
 #include <cstdlib>
 #include <sys/wait.h>
@@ -170,4 +173,32 @@ TEST(PaintCommand, ErrorExits) {
         EXPECT_TRUE(r.err.starts_with("kestrum-paint: ")) << r.err;
         EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << "one line: " << r.err;
     }
+}
+
+// Without lists of its own the tool takes the profile of the file's extension, from the
+// user's language table or, with none, from the shipped one.
+TEST(PaintCommand, ProfilesByNameAndByExtension) {
+    TempDir config;
+    ::setenv("XDG_CONFIG_HOME", config.path().c_str(), 1);
+    auto slotsOf = [](const ToolRun& r) {
+        std::set<std::string> slots;
+        std::istringstream in(r.out);
+        for (std::string start, length, slot; in >> start >> length >> slot;) slots.insert(slot);
+        return slots;
+    };
+    ToolRun c = RunPaint({"sample.c"});
+    ASSERT_EQ(c.exitCode, 0) << c.err;
+    EXPECT_GT(slotsOf(c).size(), 2u); // keywords and comments of the C profile
+    ToolRun named = RunPaint({"--profile", "C and C++ Default Profile", "sample.c"});
+    EXPECT_EQ(named.out, c.out);
+    ToolRun text = RunPaint({"--profile", "Text Files - No Syntax", "sample.c"});
+    EXPECT_EQ(slotsOf(text), (std::set<std::string>{"0"}));
+
+    // The user's table wins over the shipped one.
+    SettingsStore store(config.path());
+    store.SaveSetting("Kestrum", "Syntax Associations", "C", "Text Files - No Syntax");
+    EXPECT_EQ(RunPaint({"sample.c"}).out, text.out);
+    ToolRun missing = RunPaint({"--profile", "No Such Profile", "sample.c"});
+    EXPECT_EQ(missing.exitCode, 2);
+    ::unsetenv("XDG_CONFIG_HOME");
 }

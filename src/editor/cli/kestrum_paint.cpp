@@ -3,7 +3,14 @@
 #include "editor/core/PaintCommand.h"
 #include "editor/core/Painter.h"
 #include "editor/core/TextCodec.h"
+#include "app/core/SettingsStore.h"
 #include "profiles/core/KeywordListFile.h"
+#include "profiles/core/ProfileFile.h"
+#include "profiles/core/SyntaxAssociations.h"
+
+#include <algorithm>
+#include <cctype>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -18,9 +25,70 @@ int Fail(const std::string& why) {
     return 2;
 }
 
-// The settings to paint with. Everything that chooses them (keyword file, pairs, switches;
-// later a profile by name or by the file's extension) is settled here.
+// The folder of this program, where PROFILES/ ships, ending in '/'.
+std::string ProgramDir() {
+    char buf[4096];
+    ssize_t n = ::readlink("/proc/self/exe", buf, sizeof buf - 1);
+    if (n <= 0) return "./";
+    std::string p(buf, size_t(n));
+    return p.substr(0, p.rfind('/') + 1);
+}
+
+bool ReadProfileInto(const std::string& path, EditorSettings& settings, std::string& error) {
+    settings = EditorSettings{};
+    ProfileReadResult r = ReadProfileFile(path, settings);
+    if (r.status == ProfileReadStatus::NotOpened) {
+        error = r.error;
+        return false;
+    }
+    return true;
+}
+
+// The profile of a file's extension, as the editor's language recognition chooses it: the
+// user's table, or the shipped one when the user has none; no row means the global record.
+bool SettingsByExtension(const std::string& file, EditorSettings& settings, std::string& error) {
+    SettingsStore store(SettingsStore::DefaultDirectory());
+    std::string profile;
+    if (store.SectionExists("Kestrum", kSyntaxAssocSection)) {
+        SyntaxChoice c = ResolveSyntax(store, "Kestrum", file);
+        if (!c.useGlobal) profile = c.profile;
+    } else {
+        std::string ext = SyntaxExtension(file);
+        auto same = [](std::string_view a, std::string_view b) {
+            return a.size() == b.size() &&
+                   std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+                       return std::toupper((unsigned char)x) == std::toupper((unsigned char)y);
+                   });
+        };
+        for (const SyntaxAssoc& a : DefaultSyntaxAssocs()) // the later write stands
+            if (!ext.empty() && same(a.extension, ext)) profile = a.profile;
+    }
+    if (profile.empty()) {
+        settings = EditorSettings::Defaults();
+        LoadEditorSettings(store, "Kestrum", settings);
+        return true;
+    }
+    return ReadProfileInto(ProgramDir() + "PROFILES/" + profile, settings, error);
+}
+
+// The settings to paint with: a profile by name or path, a keyword file and pairs, or the
+// profile that the file's extension names.
 bool SettingsFor(const PaintCommand& command, EditorSettings& settings, std::string& error) {
+    if (ChoosesByExtension(command)) {
+        if (!SettingsByExtension(command.file, settings, error)) return false;
+        if (command.caseSensitive) settings.CaseSensitive = true;
+        if (command.delimitersFirst) settings.CodeOrder = false;
+        return true;
+    }
+    if (!command.profile.empty()) {
+        std::string path = command.profile.find('/') != std::string::npos
+                               ? command.profile
+                               : ProgramDir() + "PROFILES/" + command.profile;
+        if (!ReadProfileInto(path, settings, error)) return false;
+        if (command.caseSensitive) settings.CaseSensitive = true;
+        if (command.delimitersFirst) settings.CodeOrder = false;
+        return true;
+    }
     KeywordLists lists;
     if (!command.keywordFile.empty() && !ReadKeywordListFile(command.keywordFile, lists, error)) {
         error = command.keywordFile + ": " + error;

@@ -23,6 +23,9 @@ std::optional<PaintCommand> ParsePaintCommand(const std::vector<std::string>& ar
         } else if (options && a == "--keywords") {
             if (!values(1)) return fail("--keywords needs a file name");
             c.keywordFile = args[++i];
+        } else if (options && a == "--profile") {
+            if (!values(1)) return fail("--profile needs a profile name or path");
+            c.profile = args[++i];
         } else if (options && a == "--delimiter") {
             if (!values(3)) return fail("--delimiter needs OPEN CLOSE CLASS");
             if (c.delimiters.size() == 8) return fail("at most 8 delimiter pairs");

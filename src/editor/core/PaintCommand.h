@@ -13,6 +13,7 @@ enum class PaintFormat { Runs, Html, None };
 
 struct PaintCommand {
     std::string keywordFile;               // --keywords; empty: no keyword lists
+    std::string profile;                   // --profile: a file of PROFILES/, or a path
     std::vector<DelimiterPair> delimiters; // --delimiter, in table order, at most 8
     bool caseSensitive = false;            // --case-sensitive
     bool delimitersFirst = false;          // --delimiters-first: CodeOrder false
@@ -22,8 +23,14 @@ struct PaintCommand {
 };
 
 inline constexpr std::string_view kPaintUsage =
-    "usage: kestrum-paint [--keywords FILE] [--delimiter OPEN CLOSE CLASS]... "
+    "usage: kestrum-paint [--profile NAME] [--keywords FILE] [--delimiter OPEN CLOSE CLASS]... "
     "[--case-sensitive] [--delimiters-first] [--format runs|html|none] FILE";
+
+// True when the command chooses nothing itself: the file's extension then chooses the
+// profile, as the editor's language recognition does.
+inline bool ChoosesByExtension(const PaintCommand& c) {
+    return c.profile.empty() && c.keywordFile.empty() && c.delimiters.empty();
+}
 
 // Reads the arguments (without the program name). nullopt with a one-line reason in error
 // when they are not usable.
