@@ -366,6 +366,10 @@ void frmMain::SetPanelText(int panel, const QString& text) {
     if (panel >= 1 && panel <= 7) panels_[size_t(panel)]->setText(text);
 }
 
+void frmMain::SetPanelEnabled(int panel, bool enabled) {
+    if (panel >= 1 && panel <= 7) panels_[size_t(panel)]->setEnabled(enabled);
+}
+
 QString frmMain::PanelText(int panel) const {
     return panel >= 1 && panel <= 7 ? panels_[size_t(panel)]->text() : QString();
 }

@@ -52,6 +52,7 @@ class frmMain : public QMainWindow {
     // 1 messages, 2 selection, 3 position, 4 modified state, 5 "INS", 6 "CAPS", 7 "NUM".
     void SetPanelText(int panel, const QString& text);
     QString PanelText(int panel) const;
+    void SetPanelEnabled(int panel, bool enabled);
     void SetDocInfo(const QString& text);
     QString DocInfo() const;
 

@@ -2,8 +2,13 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -45,6 +50,58 @@ bool OverwriteInPlace(const QString& path, std::string_view bytes, QString* erro
     return false;
 }
 
+enum class Replace { Done, Failed, NoTemporary };
+
+// Through a temporary file beside the target, renamed over it once it is completely written.
+// The rename is atomic, so a full disk, a failed write or a killed process leaves the old file
+// whole. The data is not forced to the disk before the rename: that would double the cost of
+// every save for protection against power loss alone, which the file system's handling of a
+// rename over an existing file already gives.
+Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QString* error) {
+    auto fail = [error](int code) {
+        if (error) *error = QString::fromLocal8Bit(std::strerror(code));
+        return Replace::Failed;
+    };
+    QFileInfo info(path);
+    // A link stays a link: the file it names is the one replaced.
+    QString target = info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
+    QByteArray targetName = QFile::encodeName(target);
+    struct stat old {};
+    bool exists = ::stat(targetName.constData(), &old) == 0;
+    if (exists && S_ISDIR(old.st_mode)) return fail(EISDIR);
+    QFileInfo t(target);
+    QByteArray tmp = QFile::encodeName(t.absolutePath() + "/." + t.fileName() + ".kestrum-XXXXXX");
+    int fd = ::mkostemp(tmp.data(), O_CLOEXEC);
+    if (fd < 0) {
+        if (error) *error = QString::fromLocal8Bit(std::strerror(errno));
+        return Replace::NoTemporary;
+    }
+    // The new file takes the old one's permissions (and owner, where that is allowed).
+    if (exists) {
+        ::fchmod(fd, old.st_mode & 07777);
+        if (::fchown(fd, old.st_uid, old.st_gid) != 0) { /* not ours to give away */ }
+    } else {
+        mode_t mask = ::umask(0);
+        ::umask(mask);
+        ::fchmod(fd, 0666 & ~mask);
+    }
+    int code = 0;
+    for (size_t done = 0; done < bytes.size() && code == 0;) {
+        ssize_t n = ::write(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20));
+        if (n > 0)
+            done += size_t(n);
+        else if (n < 0 && errno != EINTR)
+            code = errno;
+        else if (n == 0)
+            code = ENOSPC;
+    }
+    if (::close(fd) != 0 && code == 0) code = errno;
+    if (code == 0 && ::rename(tmp.constData(), targetName.constData()) != 0) code = errno;
+    if (code == 0) return Replace::Done;
+    ::unlink(tmp.constData());
+    return fail(code);
+}
+
 } // namespace
 
 void SetTemporaryFilesRefusedForTesting(bool refused) {
@@ -52,14 +109,15 @@ void SetTemporaryFilesRefusedForTesting(bool refused) {
 }
 
 bool SaveBytesSafely(const QString& path, std::string_view bytes, QString* error) {
-    QSaveFile f(path);
-    if (!temporaryFilesRefused && f.open(QIODevice::WriteOnly)) {
-        if (WriteAll(f, bytes) && f.commit()) return true;
-        if (error) *error = f.errorString();
-        f.cancelWriting();
-        return false;
+    QString why = QStringLiteral("Permission denied");
+    if (!temporaryFilesRefused) {
+        Replace r = ReplaceThroughTemporary(path, bytes, &why);
+        if (r == Replace::Done) return true;
+        if (r == Replace::Failed) {
+            if (error) *error = why;
+            return false;
+        }
     }
-    QString why = temporaryFilesRefused ? QStringLiteral("Permission denied") : f.errorString();
     // No new file beside the old one: an existing file can still be written in place.
     QFileInfo info(path);
     if (info.isFile()) return OverwriteInPlace(info.absoluteFilePath(), bytes, error);

@@ -153,6 +153,8 @@ void frmDocument::tmrChanges_Timer() {
     m->SetPanelText(3, pos);
     m->SetPanelText(4, Changed ? QStringLiteral("MODIFIED") : QStringLiteral("UNMODIFIED"));
     m->SetDocInfo(pos);
+    // "INS" stands greyed while the Insert key has switched to overtyping.
+    m->SetPanelEnabled(5, !rtfText->overwriteMode());
 }
 
 void frmDocument::rtfText_Change() {

@@ -60,6 +60,13 @@ TEST_F(DocumentWindowTest, TheCloseQuestionHasThreeAnswers) {
     Settle();
     EXPECT_TRUE(Documents().IsFree(1));
     EXPECT_EQ(main->tabFiles->count(), 0);
+
+    // Yes saves first: an untitled document through the save dialog.
+    frmDocument* third = NewDocument();
+    third->rtfText->SetText("keep me");
+    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerFile(Path("kept.txt"));
+    EXPECT_TRUE(third->CloseWith(frmDocument::vbFormControlMenu));
+    EXPECT_EQ(ReadFileBytes(tmp.file("kept.txt")), "keep me");
 }
 
 TEST_F(DocumentWindowTest, StatusPanelsFollowTheCaretAndTheModifiedState) {
@@ -75,6 +82,9 @@ TEST_F(DocumentWindowTest, StatusPanelsFollowTheCaretAndTheModifiedState) {
     EXPECT_EQ(main->PanelText(3), "Line 2 : Col 3");
     EXPECT_EQ(main->PanelText(4), "MODIFIED");
     EXPECT_EQ(main->DocInfo(), "Line 2 : Col 3");
+    QTest::keyClick(doc->rtfText, Qt::Key_Insert); // overtype greys "INS"
+    doc->tmrChanges_Timer();
+    EXPECT_FALSE(main->findChild<QLabel*>("panel5")->isEnabled());
     doc->rtfText->SetSelStart(0);
     doc->rtfText->SetSelLength(3);
     Settle(); // the control reports selection changes when it next updates

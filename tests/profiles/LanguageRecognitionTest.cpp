@@ -1,4 +1,5 @@
 #include "app/HelpSystem.h"
+#include "profiles/ProfileSaving.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/frmConfigAssocProfile.h"
 #include "support/AppFixture.h"
@@ -130,4 +131,37 @@ TEST_F(LanguageRecognitionTest, HelpThatCannotBeWrittenSaysSo) {
     main->Command("mnuHelpContents")->trigger(); // no Help folder in this program folder
     ASSERT_EQ(dialogs.asked.size(), 1u);
     EXPECT_EQ(dialogs.asked[0].caption, "Kestrum Help SubSystem");
+}
+
+TEST_F(LanguageRecognitionTest, SavingAProfileAsksForANameAndBeforeOverwriting) {
+    Start();
+    EditorSettings record = NewProfileRecord({"alpha\xFF", "", ""}, {}, true, false);
+    dialogs.AnswerInput("");
+    EXPECT_FALSE(SaveProfileAs(record)); // Cancel
+    dialogs.AnswerInput("Mine");
+    ASSERT_TRUE(SaveProfileAs(record));
+    EXPECT_EQ(dialogs.asked.back().caption, "Export Settings as Profile");
+    std::string path = tmp.path() + "app/PROFILES/Mine";
+    EditorSettings back;
+    EXPECT_EQ(ReadProfileFile(path, back).status, ProfileReadStatus::Complete);
+    EXPECT_EQ(back.Keywords[0], "alpha\xFF");
+
+    record.Keywords[0] = "beta\xFF";
+    dialogs.AnswerInput("Mine").AnswerMsgBox(MsgResult::No);
+    EXPECT_FALSE(SaveProfileAs(record));
+    EXPECT_EQ(dialogs.asked.back().caption, "Confirm");
+    ReadProfileFile(path, back);
+    EXPECT_EQ(back.Keywords[0], "alpha\xFF");
+    dialogs.AnswerInput("Mine").AnswerMsgBox(MsgResult::Yes);
+    EXPECT_TRUE(SaveProfileAs(record));
+    ReadProfileFile(path, back);
+    EXPECT_EQ(back.Keywords[0], "beta\xFF");
+
+    // A list too long for the file format is refused with a message, and nothing is written.
+    record.Keywords[1] = std::string(70000, 'k');
+    dialogs.AnswerInput("Mine").AnswerMsgBox(MsgResult::Yes).AnswerMsgBox(MsgResult::OK);
+    EXPECT_FALSE(SaveProfileAs(record));
+    EXPECT_EQ(dialogs.asked.back().caption, "File I/O Error");
+    ReadProfileFile(path, back);
+    EXPECT_EQ(back.Keywords[0], "beta\xFF");
 }
