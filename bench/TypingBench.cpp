@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     g.Delimiters[2] = {"\"", "\"", 2};
     frmDocument* doc = main.ActiveForm();
     doc->Settings() = g;
-    const int rounds = 200;
+    const int rounds = std::getenv("ROUNDS") ? std::atoi(std::getenv("ROUNDS")) : 200;
     Costs small = Measure(doc, bench::GenerateCSource(10 << 10), rounds);
     Costs large = Measure(doc, bench::GenerateCSource(10 << 20), rounds);
     std::printf("key press 10 MB / 10 KB = %.2f (target <= 2)  [%.1f us vs %.1f us]\n",

@@ -24,9 +24,15 @@ RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
     setUtf8(true);
     Sci(SCI_SETEOLMODE, SC_EOL_CRLF);
     Sci(SCI_SETPASTECONVERTENDINGS, 1);
-    // Only text changes are of interest; style changes would otherwise notify per paint.
-    Sci(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT | SC_PERFORMED_USER |
-                                 SC_PERFORMED_UNDO | SC_PERFORMED_REDO);
+    // Only changes of the text are of interest, and only the notices that come before them:
+    // the control answers a notice after an insertion or deletion by counting the characters
+    // from the start of the text to the change, which in a large file costs more than the
+    // edit itself. The notice before a change is delivered without that count.
+    Sci(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int, int type, const char*, int, int, int, int, int, int, int) {
+                if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) emit textChanged();
+            });
     Sci(SCI_SETSCROLLWIDTHTRACKING, 1);
     Sci(SCI_SETSCROLLWIDTH, 1);
     setMarginWidth(0, 0);
@@ -114,7 +120,7 @@ void RichEdit::SetSelLength(int64_t len) {
 }
 
 std::string RichEdit::SelText() const {
-    return std::string(TextView().substr(size_t(SelStart()), size_t(SelLength())));
+    return std::string(TextViewFrom(SelStart()).substr(0, size_t(SelLength())));
 }
 
 void RichEdit::SetSelText(std::string_view bytes) {
@@ -348,16 +354,15 @@ int64_t RichEdit::Find(std::string_view text, int64_t start, int64_t end, bool w
 }
 
 void RichEdit::Span(std::string_view set, bool forward) {
-    std::string_view t = TextView();
-    int64_t caret = Sci(SCI_GETCURRENTPOS);
-    int64_t p = caret;
-    if (forward) {
-        while (p < int64_t(t.size()) && set.find(t[size_t(p)]) == std::string_view::npos) ++p;
-        Sci(SCI_SETSEL, caret, p);
-    } else {
-        while (p > 0 && set.find(t[size_t(p - 1)]) == std::string_view::npos) --p;
-        Sci(SCI_SETSEL, caret, p);
-    }
+    // Character by character: a span is a word long, and reading the whole buffer in place
+    // would cost a large document a move of its contents.
+    auto in = [&](long pos) { return set.find(char(Sci(SCI_GETCHARAT, pos))) != set.npos; };
+    long caret = Sci(SCI_GETCURRENTPOS), n = Sci(SCI_GETLENGTH), p = caret;
+    if (forward)
+        while (p < n && !in(p)) ++p;
+    else
+        while (p > 0 && !in(p - 1)) --p;
+    Sci(SCI_SETSEL, caret, p);
 }
 
 // ---------------------------------------------------------------- lines
@@ -483,6 +488,32 @@ void RichEdit::inputMethodEvent(QInputMethodEvent* e) {
         return;
     }
     QsciScintilla::inputMethodEvent(e);
+}
+
+// Input methods ask for the text around the caret after every change. The control answers
+// with the whole paragraph up to the next blank line, which in a large file without blank
+// lines is the whole file; the caret's line is all an input method needs.
+QVariant RichEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (query != Qt::ImSurroundingText && query != Qt::ImCursorPosition &&
+        query != Qt::ImAnchorPosition && query != Qt::ImTextBeforeCursor &&
+        query != Qt::ImTextAfterCursor)
+        return QsciScintilla::inputMethodQuery(query);
+    long caret = Sci(SCI_GETCURRENTPOS), anchor = Sci(SCI_GETANCHOR);
+    int line = int(Sci(SCI_LINEFROMPOSITION, caret));
+    long start = Sci(SCI_POSITIONFROMLINE, line), end = Sci(SCI_GETLINEENDPOSITION, line);
+    auto text = [this](long from, long to) {
+        std::string_view b = TextViewFrom(from).substr(0, size_t(std::max(0L, to - from)));
+        return isUtf8() ? QString::fromUtf8(b.data(), qsizetype(b.size()))
+                        : QString::fromLatin1(b.data(), qsizetype(b.size()));
+    };
+    switch (query) {
+    case Qt::ImSurroundingText: return text(start, end);
+    case Qt::ImCursorPosition: return int(text(start, caret).size());
+    case Qt::ImAnchorPosition:
+        return int(text(start, std::clamp(anchor, start, end)).size());
+    case Qt::ImTextBeforeCursor: return text(start, caret);
+    default: return text(caret, end);
+    }
 }
 
 void RichEdit::keyReleaseEvent(QKeyEvent* e) {

@@ -140,6 +140,7 @@ class RichEdit : public QsciScintilla {
     void dropEvent(QDropEvent* e) override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
     void inputMethodEvent(QInputMethodEvent* e) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
   private:
     long Sci(unsigned int msg, unsigned long w = 0, long l = 0) const;

@@ -459,7 +459,7 @@ void frmDocument::rtfText_KeyPress(int& KeyAscii) {
     if (KeyAscii == 13) {
         // Auto-indent: the new line starts with as many spaces as this one. Tabs do not count.
         int64_t a = rtfText->LineIndex(rtfText->LineFromChar(rtfText->SelStart()));
-        std::string_view line = rtfText->TextView().substr(size_t(a), size_t(rtfText->LineLength(a)));
+        std::string_view line = rtfText->TextViewFrom(a).substr(0, size_t(rtfText->LineLength(a)));
         size_t lead = line.size() - LTrim(line).size();
         if (lead > 0) {
             KeyAscii = 0;
