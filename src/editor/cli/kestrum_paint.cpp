@@ -7,6 +7,7 @@
 #include "profiles/core/KeywordListFile.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
+#include "transforms/core/MiscSubs.h"
 
 #include <algorithm>
 #include <cctype>
@@ -100,19 +101,9 @@ bool SettingsFor(const PaintCommand& command, EditorSettings& settings, std::str
 
 // The file as the editor loads it: bytes kept, every line end made CR LF.
 bool LoadDocument(const std::string& path, std::string& text, std::string& error) {
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) {
-        error = path + ": " + std::strerror(errno);
-        return false;
-    }
     std::string bytes;
-    char chunk[1 << 16];
-    for (size_t got; (got = std::fread(chunk, 1, sizeof chunk, f)) > 0;) bytes.append(chunk, got);
-    const bool failed = std::ferror(f);
-    const int code = errno;
-    std::fclose(f);
-    if (failed) {
-        error = path + ": " + std::strerror(code);
+    if (!ReadWholeFile(path, bytes, error)) {
+        error = path + ": " + error;
         return false;
     }
     text = ToCrLf(bytes);

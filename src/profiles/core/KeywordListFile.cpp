@@ -49,21 +49,8 @@ std::string FormatKeywordListFile(const KeywordLists& lists) {
 bool ReadKeywordListFile(const std::string& path, KeywordLists& lists, std::string& error,
                          KeywordImportRule rule) {
     lists = {};
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) {
-        error = std::strerror(errno);
-        return false;
-    }
     std::string bytes;
-    char chunk[1 << 16];
-    for (size_t got; (got = std::fread(chunk, 1, sizeof chunk, f)) > 0;) bytes.append(chunk, got);
-    const bool failed = std::ferror(f);
-    const int code = errno;
-    std::fclose(f);
-    if (failed) { // a folder, or a read error
-        error = std::strerror(code);
-        return false;
-    }
+    if (!ReadWholeFile(path, bytes, error)) return false;
     lists = ParseKeywordListFile(bytes, rule);
     return true;
 }

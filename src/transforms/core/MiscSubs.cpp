@@ -1,5 +1,9 @@
 #include "transforms/core/MiscSubs.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 std::string NextToken(std::string_view separator, std::string& work) {
     if (separator.empty()) return {};
     auto p = work.find(separator);
@@ -40,4 +44,23 @@ std::string_view Trim(std::string_view s) {
     s = LTrim(s);
     while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
     return s;
+}
+
+bool ReadWholeFile(const std::string& path, std::string& bytes, std::string& error) {
+    std::FILE* f = std::fopen(path.c_str(), "rb");
+    if (!f) {
+        error = std::strerror(errno);
+        return false;
+    }
+    bytes.clear();
+    char chunk[1 << 16];
+    for (size_t got; (got = std::fread(chunk, 1, sizeof chunk, f)) > 0;) bytes.append(chunk, got);
+    const bool failed = std::ferror(f);
+    const int code = errno;
+    std::fclose(f);
+    if (failed) { // a folder, or a read error
+        error = std::strerror(code);
+        return false;
+    }
+    return true;
 }

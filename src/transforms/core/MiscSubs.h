@@ -15,3 +15,7 @@ std::string RemoveChar(std::string_view text, char character);
 // Removes blanks (spaces only) from both ends, as the runtime's Trim does.
 std::string_view Trim(std::string_view s);
 std::string_view LTrim(std::string_view s);
+
+// Reads a whole file. On failure (missing, a folder, a read error) returns false with the
+// system's reason in error.
+bool ReadWholeFile(const std::string& path, std::string& bytes, std::string& error);
