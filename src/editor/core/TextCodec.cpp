@@ -85,29 +85,38 @@ void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
         if (chunk[0] == '\n') i = 1;
         pendingCr_ = false;
     }
-    size_t start = i;
-    for (; i < chunk.size(); ++i) {
-        char c = chunk[i];
-        if (c == '\r') {
-            if (i + 1 == chunk.size()) {
-                out.append(chunk.substr(start, i - start));
+    const char* base = chunk.data();
+    const size_t n = chunk.size();
+    out.reserve(out.size() + n + n / 8 + 2);
+    // The next CR and the next LF, found with memchr: text between line ends is copied whole.
+    auto next = [&](char c, size_t from) {
+        const void* p = from < n ? std::memchr(base + from, c, n - from) : nullptr;
+        return p ? size_t(static_cast<const char*>(p) - base) : n;
+    };
+    size_t cr = next('\r', i), lf = next('\n', i), start = i;
+    while (cr < n || lf < n) {
+        if (cr < lf) {
+            if (cr + 1 == n) { // the LF that may follow comes with the next chunk
+                out.append(base + start, cr - start);
                 pendingCr_ = true;
                 return;
             }
-            if (chunk[i + 1] == '\n') {
-                ++i;
-                continue;
+            if (base[cr + 1] == '\n') { // CR LF stays as it is
+                lf = next('\n', cr + 2);
+            } else {
+                out.append(base + start, cr - start);
+                out += "\r\n";
+                start = cr + 1;
             }
-            out.append(chunk.substr(start, i - start));
+            cr = next('\r', cr + 1);
+        } else {
+            out.append(base + start, lf - start);
             out += "\r\n";
-            start = i + 1;
-        } else if (c == '\n') {
-            out.append(chunk.substr(start, i - start));
-            out += "\r\n";
-            start = i + 1;
+            start = lf + 1;
+            lf = next('\n', lf + 1);
         }
     }
-    out.append(chunk.substr(start));
+    out.append(base + start, n - start);
 }
 
 void CrLfNormalizer::Finish(std::string& out) {
