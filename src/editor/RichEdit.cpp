@@ -472,6 +472,13 @@ void RichEdit::keyPressEvent(QKeyEvent* e) {
             return;
         }
     }
+    // Ctrl and Alt combinations type nothing: those the control does not bind itself
+    // (menu access keys when the window manager gives no focus, say) go on to the window.
+    if ((e->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && !e->text().isEmpty() &&
+        e->text()[0].isPrint() && !standardCommands()->boundTo(e->key() | int(e->modifiers()))) {
+        e->ignore();
+        return;
+    }
     if (!Representable(e->text())) {
         // A Latin-1 document cannot hold the character; never substitute another one.
         emit CharacterRefused();
