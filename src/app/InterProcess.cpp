@@ -5,7 +5,6 @@
 #include "app/frmMain.h"
 
 #include "app/AppGlobals.h"
-#include "app/core/PathHelpers.h"
 #include "components/Subclass.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
@@ -52,18 +51,9 @@ void ReportOpenFailure(frmMain& m, const QString& error) {
 // document open.
 void LoadFileCommand(frmMain& m, const QString& name) {
     if (name.trimmed().isEmpty()) return;
-    frmDocument* doc = NewDocument();
-    if (!doc) return;
     QString error;
-    if (!doc->rtfText->LoadFile(name, 1, &error)) return ReportOpenFailure(m, error);
-    if (g_EditorSettings().Backup && !doc->rtfText->SaveFile(name + "~", 1, &error))
-        return ReportOpenFailure(m, error);
-    doc->SetCaption(FromBytes(FileNameOf(ToBytes(name))));
-    m.SetTabCaption(doc->TabKey(), doc->Caption());
-    doc->Tag = name;
-    m.CycleRecentFiles(name);
-    doc->SetSyntax();
-    doc->Changed = false;
+    QString backup = g_EditorSettings().Backup ? name + "~" : QString();
+    if (!m.OpenFileInNewDocument(name, backup, true, &error)) ReportOpenFailure(m, error);
 }
 
 // "MAKEFILE": a new document holding the text.

@@ -72,6 +72,11 @@ class frmMain : public QMainWindow {
     void mnuEditAddFiletoStart_Click();
     void mnuEditAppendFile_Click();
     void mnuFileRecent_Click(int index);
+    // The one road of a file into a new document: NewDocument, the text, the backup copy
+    // when one is named, caption and tab, Tag, the recent list when asked, the profile, and
+    // Changed cleared. Null when a step failed (the new window stays), the reason in *error.
+    frmDocument* OpenFileInNewDocument(const QString& path, const QString& backup,
+                                       bool addToRecent, QString* error);
     void mnuFileExit_Click();
     // Clears the editor settings and the language table, then exits.
     void mnuPrefsReset_Click();

@@ -74,16 +74,6 @@ void ReportOpenFailure(const QString& error) {
            QStringLiteral("File I/O Error"));
 }
 
-// NewDocument, LoadFile, then the backup copy when one is named. When a step fails the new
-// document stays as that step left it, and the reason is in *error.
-frmDocument* LoadIntoNewDocument(const QString& path, const QString& backup, QString* error) {
-    frmDocument* doc = NewDocument();
-    if (!doc) return nullptr;
-    if (!doc->rtfText->LoadFile(path, 1, error)) return nullptr;
-    if (!backup.isEmpty() && !doc->rtfText->SaveFile(backup, 1, error)) return nullptr;
-    return doc;
-}
-
 // The whole file as it is on disk, or nothing.
 std::optional<std::string> ReadWholeFile(const QString& path) {
     QFile f(path);
@@ -132,14 +122,7 @@ void frmMain::mnuFileOpen_Click() {
     QString backup;
     if (g_EditorSettings().Backup) backup = FromBytes(StripExtension(ToBytes(*path))) + ".BAK";
     QString error;
-    frmDocument* doc = LoadIntoNewDocument(*path, backup, &error);
-    if (!doc) return ReportOpenFailure(error);
-    doc->SetCaption(FileTitle(*path));
-    SetTabCaption(doc->TabKey(), doc->Caption());
-    doc->Tag = *path;
-    CycleRecentFiles(*path);
-    doc->SetSyntax();
-    doc->Changed = false;
+    if (!OpenFileInNewDocument(*path, backup, true, &error)) return ReportOpenFailure(error);
     LastDir = FolderOf(*path);
 }
 
@@ -149,13 +132,22 @@ void frmMain::mnuFileRecent_Click(int index) {
     QAction* item = recentItems_[size_t(index)];
     QString path = item ? item->text() : RecentFiles[size_t(index)];
     QString error;
-    frmDocument* doc = LoadIntoNewDocument(path, {}, &error);
-    if (!doc) return ReportOpenFailure(error);
+    if (!OpenFileInNewDocument(path, {}, false, &error)) ReportOpenFailure(error);
+}
+
+frmDocument* frmMain::OpenFileInNewDocument(const QString& path, const QString& backup,
+                                            bool addToRecent, QString* error) {
+    frmDocument* doc = NewDocument();
+    if (!doc) return nullptr;
+    if (!doc->rtfText->LoadFile(path, 1, error)) return nullptr;
+    if (!backup.isEmpty() && !doc->rtfText->SaveFile(backup, 1, error)) return nullptr;
     doc->SetCaption(FileTitle(path));
     SetTabCaption(doc->TabKey(), doc->Caption());
     doc->Tag = path;
+    if (addToRecent) CycleRecentFiles(path);
     doc->SetSyntax();
     doc->Changed = false;
+    return doc;
 }
 
 void frmMain::mnuFileClose_Click() {

@@ -1,7 +1,6 @@
 #include "editor/frmDocument.h"
 
 #include "app/AppGlobals.h"
-#include "app/core/PathHelpers.h"
 #include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
@@ -169,25 +168,16 @@ void frmDocument::rtfText_MouseUp(int Button, int, int, int) {
 
 void frmDocument::rtfText_OLEDragDrop(const QStringList& files) {
     frmMain* m = MainForm();
+    if (!m) return;
     for (const QString& file : files) {
-        frmDocument* doc = NewDocument();
-        if (!doc) return;
         QString error;
-        if (!doc->rtfText->LoadFile(file, 1, &error)) {
+        QString backup = g_EditorSettings().Backup ? file + "~" : QString();
+        if (!m->OpenFileInNewDocument(file, backup, true, &error)) {
+            // The rest of the list is left; the window made for this file stays.
             cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\n" + error,
                                    MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
             return;
         }
-        doc->SetCaption(FromBytes(FileNameOf(ToBytes(file))));
-        doc->Tag = file;
-        if (g_EditorSettings().Backup && !doc->rtfText->SaveFile(file + "~", 1, &error)) {
-            cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\n" + error,
-                                   MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
-            return;
-        }
-        if (m) m->CycleRecentFiles(file);
-        doc->SetSyntax();
-        doc->Changed = false;
     }
 }
 
