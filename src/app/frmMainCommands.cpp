@@ -234,22 +234,12 @@ namespace {
 // Clipboard text as the document's bytes, with CR LF line ends. Nothing when a Latin-1
 // document cannot hold it.
 std::optional<std::string> ClipboardBytes(const RichEdit& edit) {
-    QString t = QApplication::clipboard()->text();
-    if (!edit.IsUtf8Document()) {
-        for (QChar c : t)
-            if (c.unicode() > 0xFF) return std::nullopt;
-        QByteArray b = t.toLatin1();
-        return ToCrLf(std::string_view(b.constData(), size_t(b.size())));
-    }
-    QByteArray b = t.toUtf8();
-    return ToCrLf(std::string_view(b.constData(), size_t(b.size())));
+    auto bytes = edit.ToDocumentBytes(QApplication::clipboard()->text());
+    if (bytes) *bytes = ToCrLf(*bytes);
+    return bytes;
 }
 
-QString SelectedText(const RichEdit& edit) {
-    std::string s = edit.SelText();
-    return edit.IsUtf8Document() ? QString::fromUtf8(s.data(), qsizetype(s.size()))
-                                 : QString::fromLatin1(s.data(), qsizetype(s.size()));
-}
+QString SelectedText(const RichEdit& edit) { return edit.FromDocumentBytes(edit.SelText()); }
 } // namespace
 
 void frmMain::mnuEditUndo_Click() {
@@ -315,7 +305,7 @@ void frmMain::mnuEditDateTime_Click() {
     QDateTime now = QDateTime::currentDateTime();
     QString s = l.toString(now.date(), QLocale::ShortFormat) + " " +
                 l.toString(now.time(), QLocale::ShortFormat);
-    doc->rtfText->SetSelText(ToBytes(s));
+    if (auto bytes = doc->rtfText->ToDocumentBytes(s)) doc->rtfText->SetSelText(*bytes);
 }
 
 void frmMain::mnuEditDeleteLine_Click() {

@@ -426,9 +426,17 @@ int ShiftStateOf(Qt::KeyboardModifiers m) {
            (m & Qt::AltModifier ? 4 : 0);
 }
 
-bool RichEdit::Representable(const QString& s) const {
-    if (isUtf8()) return true;
-    return std::all_of(s.begin(), s.end(), [](QChar c) { return c.unicode() <= 0xFF; });
+std::optional<std::string> RichEdit::ToDocumentBytes(const QString& text) const {
+    if (!isUtf8() &&
+        !std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() <= 0xFF; }))
+        return std::nullopt;
+    QByteArray b = isUtf8() ? text.toUtf8() : text.toLatin1();
+    return std::string(b.constData(), size_t(b.size()));
+}
+
+QString RichEdit::FromDocumentBytes(std::string_view b) const {
+    return isUtf8() ? QString::fromUtf8(b.data(), qsizetype(b.size()))
+                    : QString::fromLatin1(b.data(), qsizetype(b.size()));
 }
 
 void RichEdit::keyPressEvent(QKeyEvent* e) {
@@ -461,13 +469,12 @@ void RichEdit::keyPressEvent(QKeyEvent* e) {
         if (ascii != original || ascii == 9) {
             // The handler typed another character (or a tab, which the control would
             // otherwise turn into its own indentation): insert it ourselves.
-            QString s{QChar(char16_t(ascii))};
-            if (!Representable(s)) {
+            auto bytes = ToDocumentBytes(QString(QChar(char16_t(ascii))));
+            if (!bytes) {
                 emit CharacterRefused();
                 return;
             }
-            QByteArray b = isUtf8() ? s.toUtf8() : s.toLatin1();
-            SetSelText(std::string_view(b.constData(), size_t(b.size())));
+            SetSelText(*bytes);
             e->accept();
             return;
         }
@@ -479,7 +486,7 @@ void RichEdit::keyPressEvent(QKeyEvent* e) {
         e->ignore();
         return;
     }
-    if (!Representable(e->text())) {
+    if (!ToDocumentBytes(e->text())) {
         // A Latin-1 document cannot hold the character; never substitute another one.
         emit CharacterRefused();
         e->accept();
@@ -489,7 +496,7 @@ void RichEdit::keyPressEvent(QKeyEvent* e) {
 }
 
 void RichEdit::inputMethodEvent(QInputMethodEvent* e) {
-    if (!Representable(e->commitString())) {
+    if (!ToDocumentBytes(e->commitString())) {
         emit CharacterRefused();
         e->accept();
         return;
@@ -509,9 +516,7 @@ QVariant RichEdit::inputMethodQuery(Qt::InputMethodQuery query) const {
     int line = int(Sci(SCI_LINEFROMPOSITION, caret));
     long start = Sci(SCI_POSITIONFROMLINE, line), end = Sci(SCI_GETLINEENDPOSITION, line);
     auto text = [this](long from, long to) {
-        std::string_view b = TextViewFrom(from).substr(0, size_t(std::max(0L, to - from)));
-        return isUtf8() ? QString::fromUtf8(b.data(), qsizetype(b.size()))
-                        : QString::fromLatin1(b.data(), qsizetype(b.size()));
+        return FromDocumentBytes(TextViewFrom(from).substr(0, size_t(std::max(0L, to - from))));
     };
     switch (query) {
     case Qt::ImSurroundingText: return text(start, end);
@@ -578,7 +583,7 @@ void RichEdit::dropEvent(QDropEvent* e) {
 }
 
 QByteArray RichEdit::fromMimeData(const QMimeData* source, bool& rectangular) const {
-    if (source && source->hasText() && !Representable(source->text())) {
+    if (source && source->hasText() && !ToDocumentBytes(source->text())) {
         emit const_cast<RichEdit*>(this)->CharacterRefused();
         rectangular = false;
         return {};

@@ -14,6 +14,7 @@
 #include <QList>
 #include <QStringList>
 #include <array>
+#include <optional>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -103,6 +104,10 @@ class RichEdit : public QsciScintilla {
     // Replaces the selection with the text of the RTF, in its colours.
     void SetSelRTF(std::string_view rtf);
     bool IsUtf8Document() const { return isUtf8(); }
+    // Text as this document holds it: UTF-8, or Latin-1 byte for byte. Nothing when a Latin-1
+    // document cannot hold a character of it, since none may be replaced by another.
+    std::optional<std::string> ToDocumentBytes(const QString& text) const;
+    QString FromDocumentBytes(std::string_view bytes) const;
     // A new, empty document in UTF-8.
     void ResetEncoding(bool utf8);
 
@@ -145,7 +150,6 @@ class RichEdit : public QsciScintilla {
   private:
     long Sci(unsigned int msg, unsigned long w = 0, long l = 0) const;
     long SciPtr(unsigned int msg, unsigned long w, const void* p) const;
-    bool Representable(const QString& s) const;
     void ApplyFont();
     void ApplyColors();
     void NotifySelChange();

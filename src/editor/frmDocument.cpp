@@ -428,16 +428,17 @@ void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
         rtfText->SetSelStart(s);
         rtfText->SetSelLength(p - s);
         std::string word(Trim(rtfText->SelText()));
-        int i = word.size() < 3 ? -1 : m->GoClip(FromBytes(word));
-        if (i < 0) {
+        int i = word.size() < 3 ? -1 : m->GoClip(rtfText->FromDocumentBytes(word));
+        // An entry that a Latin-1 document cannot hold is not put in.
+        auto entry = i < 0 ? std::nullopt : rtfText->ToDocumentBytes(m->lstClip->item(i)->text());
+        if (!entry) {
             rtfText->SetSelStart(p);
             return;
         }
         // The typed prefix becomes the entry, in the entry's own case.
-        std::string entry = ToBytes(m->lstClip->item(i)->text());
         {
             UndoGroup group(*rtfText);
-            rtfText->SetSelText(entry);
+            rtfText->SetSelText(*entry);
         }
         ChangedHighLight = true;
         CodePassage(s, rtfText->SelStart());

@@ -39,8 +39,9 @@ TEST_F(MenuCommandsTest, TheMenuBarFollowsTheTable) {
         QAction* a = main->Command(e.name);
         ASSERT_TRUE(a) << e.name;
         EXPECT_EQ(a->text(), e.caption) << e.name;
-        if (*e.shortcut)
+        if (*e.shortcut) {
             EXPECT_EQ(a->shortcut(), QKeySequence(QString::fromLatin1(e.shortcut))) << e.name;
+        }
     }
     EXPECT_EQ(main->Command("mnuFileSave")->shortcut(), QKeySequence("Ctrl+S"));
     EXPECT_EQ(main->Command("mnuSearchFindNext")->shortcut(), QKeySequence("F3"));
