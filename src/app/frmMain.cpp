@@ -157,10 +157,9 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
 
     QRect screen = QApplication::primaryScreen() ? QApplication::primaryScreen()->availableGeometry()
                                                  : QRect(0, 0, 1024, 768);
+    // A stored value that does not convert leaves the default, as for every setting.
     auto single = [&](const char* key, double def) {
-        bool good = false;
-        double v = GetSetting(app, "Settings", key, QString::number(def)).toDouble(&good);
-        return good ? v : def;
+        return settings_convert::ToDouble(ToBytes(GetSetting(app, "Settings", key))).value_or(def);
     };
     int left = int(single("MainLeft", 0)), top = int(single("MainTop", 0));
     int w = int(single("MainWidth", screen.width() * 0.9));
@@ -172,12 +171,7 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
     LoadPrintMargins(Store(), ToBytes(app), g_PrintMargins());
 
     auto flag = [&](const char* key, bool def) {
-        QString v = GetSetting(app, "Settings", key, def ? "True" : "False");
-        if (v.compare("True", Qt::CaseInsensitive) == 0) return true;
-        if (v.compare("False", Qt::CaseInsensitive) == 0) return false;
-        bool good = false;
-        double n = v.toDouble(&good);
-        return good ? n != 0 : def;
+        return settings_convert::ToBool(ToBytes(GetSetting(app, "Settings", key))).value_or(def);
     };
     tbAdvanced->setVisible(flag("CompilerToolBar", true));
     picDOcInfo->setVisible(flag("CursorToolBar", true));
