@@ -115,3 +115,11 @@ TEST(SyntaxAssociations, TheDialogsListLineAndItsExtension) {
     EXPECT_EQ(AssocListExtension(AssocListLine("", "P")), "");
     EXPECT_EQ(AssocListExtension("NOTAB"), "NOTAB");
 }
+
+TEST(SyntaxAssociations, DefaultProfileForAnExtension) {
+    EXPECT_EQ(DefaultProfileFor("HtMl"), "HTML Default Profile");
+    EXPECT_EQ(DefaultProfileFor("bat"), "MS-DOS Batch Default Profile"); // the later write
+    EXPECT_EQ(DefaultProfileFor("rex"), "COBOL Default Profile");
+    EXPECT_EQ(DefaultProfileFor("gz"), "");
+    EXPECT_EQ(DefaultProfileFor(""), "");
+}

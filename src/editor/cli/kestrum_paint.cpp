@@ -9,8 +9,6 @@
 #include "profiles/core/SyntaxAssociations.h"
 #include "transforms/core/MiscSubs.h"
 
-#include <algorithm>
-#include <cctype>
 #include <unistd.h>
 
 #include <cerrno>
@@ -54,15 +52,7 @@ bool SettingsByExtension(const std::string& file, EditorSettings& settings, std:
         SyntaxChoice c = ResolveSyntax(store, "Kestrum", file);
         if (!c.useGlobal) profile = c.profile;
     } else {
-        std::string ext = SyntaxExtension(file);
-        auto same = [](std::string_view a, std::string_view b) {
-            return a.size() == b.size() &&
-                   std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-                       return std::toupper((unsigned char)x) == std::toupper((unsigned char)y);
-                   });
-        };
-        for (const SyntaxAssoc& a : DefaultSyntaxAssocs()) // the later write stands
-            if (!ext.empty() && same(a.extension, ext)) profile = a.profile;
+        profile = DefaultProfileFor(SyntaxExtension(file));
     }
     if (profile.empty()) {
         settings = EditorSettings::Defaults();

@@ -118,3 +118,18 @@ std::string AssocListLine(std::string_view extension, std::string_view profile) 
 std::string AssocListExtension(std::string_view line) {
     return std::string(line.substr(0, line.find('\t')));
 }
+
+std::string DefaultProfileFor(std::string_view extension) {
+    auto same = [](std::string_view a, std::string_view b) {
+        return a.size() == b.size() &&
+               std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+                   return std::toupper(static_cast<unsigned char>(x)) ==
+                          std::toupper(static_cast<unsigned char>(y));
+               });
+    };
+    std::string profile;
+    if (extension.empty()) return profile;
+    for (const SyntaxAssoc& a : DefaultSyntaxAssocs())
+        if (same(a.extension, extension)) profile = a.profile;
+    return profile;
+}

@@ -41,6 +41,10 @@ struct SyntaxChoice {
     std::string profile; // when useGlobal is false
 };
 
+// The profile that the shipped table gives an extension (compared without regard to case,
+// the later write standing); empty when it has no row.
+std::string DefaultProfileFor(std::string_view extension);
+
 // An empty extension, an extension without a row, and a row whose value is "NO FILE ASSOC"
 // in any case all give the global record.
 SyntaxChoice ResolveSyntax(SettingsStore& store, std::string_view app, std::string_view path);
