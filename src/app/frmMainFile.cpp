@@ -74,14 +74,6 @@ void ReportOpenFailure(const QString& error) {
            QStringLiteral("File I/O Error"));
 }
 
-// The whole file as it is on disk, or nothing.
-std::optional<std::string> ReadWholeFile(const QString& path) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) return std::nullopt;
-    QByteArray bytes = f.readAll();
-    if (f.error() != QFileDevice::NoError) return std::nullopt;
-    return std::string(bytes.constData(), size_t(bytes.size()));
-}
 
 // Sets the caption of the tab at a 1-based position; false when the strip has none there.
 bool SetTabCaptionAt(QTabBar* tabs, int position, const QString& caption) {
@@ -318,9 +310,9 @@ std::optional<std::string> ChooseFileToInsert(FileDialogOptions& dlg, const QStr
     dlg.filter = QStringLiteral("All Files (*.*)|*.*");
     std::optional<QString> path = Show(dlg, false);
     if (!path) return std::nullopt;
-    std::optional<std::string> bytes = ReadWholeFile(*path);
-    if (bytes) *bytes = ToCrLf(*bytes);
-    return bytes;
+    std::string bytes, error;
+    if (!ReadWholeFile(ToBytes(*path), bytes, error)) return std::nullopt;
+    return ToCrLf(bytes);
 }
 
 } // namespace
