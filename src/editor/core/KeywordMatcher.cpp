@@ -4,8 +4,9 @@
 #include "transforms/core/MiscSubs.h"
 
 #include <algorithm>
-#include <deque>
+#include <cstring>
 #include <map>
+#include <thread>
 
 std::vector<KeywordToken> ReadKeywordList(std::string_view list) {
     std::vector<KeywordToken> tokens;
@@ -25,8 +26,7 @@ std::vector<KeywordToken> ReadKeywordList(std::string_view list) {
     return tokens;
 }
 
-KeywordMatcher::KeywordMatcher(const std::vector<std::string_view>& lists, bool caseSensitive)
-    : caseSensitive_(caseSensitive) {
+KeywordMatcher::KeywordMatcher(const std::vector<std::string_view>& lists, bool caseSensitive) {
     // Equal keywords (equal after folding, when case does not count) find the same places;
     // they share one pattern, painted by the last entry in order.
     std::map<std::string, int> index;
@@ -36,7 +36,7 @@ KeywordMatcher::KeywordMatcher(const std::vector<std::string_view>& lists, bool 
             int pattern = -1;
             if (!t.keyword.empty()) {
                 std::string key = t.keyword;
-                if (!caseSensitive_)
+                if (!caseSensitive)
                     for (char& c : key) c = char(FoldAscii(static_cast<unsigned char>(c)));
                 auto [it, added] = index.try_emplace(key, int(patterns.size()));
                 if (added) patterns.push_back(key);
@@ -45,183 +45,121 @@ KeywordMatcher::KeywordMatcher(const std::vector<std::string_view>& lists, bool 
             entries_.push_back({l, t.counter, pattern, false});
         }
     }
+    rank_.assign(patterns.size(), 0);
     std::vector<bool> seen(patterns.size());
-    for (auto e = entries_.rbegin(); e != entries_.rend(); ++e)
-        if (e->pattern >= 0 && !seen[size_t(e->pattern)])
-            e->paints = seen[size_t(e->pattern)] = true;
-    for (auto& p : patterns) lengths_.push_back(int64_t(p.size()));
-    Build(patterns);
-}
-
-void KeywordMatcher::Build(const std::vector<std::string>& patterns) {
-    // Byte classes: every byte that occurs in a keyword gets a class of its own, all others
-    // share class 0. Folding is put into the class table, so the scan never folds.
-    int classes = 1;
-    for (auto& p : patterns)
-        for (unsigned char c : p)
-            if (!classOf_[c]) classOf_[c] = uint8_t(classes++);
-    if (!caseSensitive_)
-        for (int c = 'A'; c <= 'Z'; ++c) classOf_[c] = classOf_[c + 32];
-    while ((1 << shift_) < classes) ++shift_;
-    const size_t width = size_t(1) << shift_;
-
-    // The trie, with -1 for a missing edge.
-    std::vector<int32_t> trie(width, -1);
-    std::vector<int32_t> terminal(1, -1);
-    for (size_t k = 0; k < patterns.size(); ++k) {
-        int32_t s = 0;
-        for (unsigned char c : patterns[k]) {
-            int32_t& edge = trie[size_t(s) * width + classOf_[c]];
-            if (edge < 0) {
-                edge = int32_t(terminal.size());
-                terminal.push_back(-1);
-                trie.resize(trie.size() + width, -1);
-            }
-            s = trie[size_t(s) * width + classOf_[c]];
-        }
-        terminal[size_t(s)] = int32_t(k);
+    for (size_t e = entries_.size(); e-- > 0;) {
+        const int p = entries_[e].pattern;
+        if (p < 0 || seen[size_t(p)]) continue;
+        entries_[e].paints = seen[size_t(p)] = true;
+        rank_[size_t(p)] = uint32_t(e);
     }
-    const size_t states = terminal.size();
 
-    // Breadth first: failure links, the complete transition table and each state's keywords
-    // (its own and those of its failure chain, longest first).
-    std::vector<int32_t> fail(states, 0), order;
-    std::vector<std::vector<uint32_t>> out(states);
-    std::deque<int32_t> queue;
-    order.reserve(states);
-    for (size_t c = 0; c < width; ++c) {
-        int32_t& t = trie[c];
-        if (t < 0)
-            t = 0;
-        else
-            queue.push_back(t);
-    }
-    order.push_back(0);
-    while (!queue.empty()) {
-        int32_t s = queue.front();
-        queue.pop_front();
-        order.push_back(s);
-        if (terminal[size_t(s)] >= 0) out[size_t(s)].push_back(uint32_t(terminal[size_t(s)]));
-        auto& f = out[size_t(fail[size_t(s)])];
-        out[size_t(s)].insert(out[size_t(s)].end(), f.begin(), f.end());
-        for (size_t c = 0; c < width; ++c) {
-            int32_t& t = trie[size_t(s) * width + c];
-            int32_t viaFail = trie[size_t(fail[size_t(s)]) * width + c];
-            if (t < 0) {
-                t = viaFail;
-            } else {
-                fail[size_t(t)] = viaFail;
-                queue.push_back(t);
-            }
+    std::vector<uint32_t> all, gaps, words;
+    std::vector<std::string> gapPatterns, wordPatterns;
+    for (uint32_t k = 0; k < patterns.size(); ++k) {
+        const std::string& p = patterns[k];
+        lengths_.push_back(int64_t(p.size()));
+        all.push_back(k);
+        if (IsWordByte(uint8_t(p[0])) && !HidesOwnFinds(p)) {
+            words.push_back(k);
+            wordPatterns.push_back(p);
+        } else {
+            gaps.push_back(k);
+            gapPatterns.push_back(p);
         }
     }
-
-    // Renumber: states without keywords first, so that "a keyword ends here" is one compare.
-    std::vector<uint32_t> number(states);
-    uint32_t n = 0;
-    for (int32_t s : order)
-        if (out[size_t(s)].empty()) number[size_t(s)] = n++;
-    matchFrom_ = n;
-    for (int32_t s : order)
-        if (!out[size_t(s)].empty()) number[size_t(s)] = n++;
-
-    next_.assign(states * width, 0);
-    outStart_.assign(states + 1, 0);
-    std::vector<int32_t> byNumber(states);
-    for (size_t s = 0; s < states; ++s) byNumber[number[s]] = int32_t(s);
-    for (size_t s = 0; s < states; ++s)
-        for (size_t c = 0; c < width; ++c)
-            next_[number[s] * width + c] = number[size_t(trie[s * width + c])] << shift_;
-    for (uint32_t i = 0; i < states; ++i) {
-        auto& o = out[size_t(byNumber[i])];
-        outStart_[i] = uint32_t(outputs_.size());
-        outputs_.insert(outputs_.end(), o.begin(), o.end());
-    }
-    outStart_[states] = uint32_t(outputs_.size());
+    all_ = std::make_unique<KeywordAutomaton>(patterns, all, caseSensitive);
+    gaps_ = std::make_unique<KeywordAutomaton>(gapPatterns, gaps, caseSensitive);
+    words_ = std::make_unique<WordKeywords>(wordPatterns, words, caseSensitive);
 }
 
-// The stretch, and per keyword the position at which its next find may start.
-struct KeywordMatcher::FindState {
-    const unsigned char* text;
-    int64_t n;
-    std::vector<int64_t> resume;
-    std::vector<KeywordFind>& finds;
-};
+namespace {
 
-inline void KeywordMatcher::Report(FindState& f, int64_t end, uint32_t state) const {
-    const uint32_t id = state >> shift_;
-    for (uint32_t o = outStart_[id]; o < outStart_[id + 1]; ++o) {
-        const uint32_t k = outputs_[o];
-        const int64_t start = end - lengths_[k];
-        if (start < f.resume[k]) continue;
-        f.resume[k] = end + 1; // the search goes on one character behind the find
-        // The boundary test: both neighbours below "A", except that a find at either end of
-        // the stretch is coloured without looking at the other side.
-        if (start == 0 || end == f.n || (f.text[end] < 65 && f.text[start - 1] < 65))
-            f.finds.push_back({start, k});
+// Stretches from this length on are scanned on two threads, in rounds of kRound bytes.
+constexpr int64_t kTwoThreadsFrom = 1 << 20, kRound = 8 << 20;
+
+// The first place from pos on that no word spans: behind a byte below "A", or the end.
+int64_t WordBoundaryFrom(std::string_view s, int64_t pos) {
+    while (pos > 0 && pos < int64_t(s.size()) && IsWordByte(uint8_t(s[size_t(pos) - 1]))) ++pos;
+    return pos;
+}
+
+// memset for the few bytes of a word, without a call: two stores that may overlap.
+inline void Fill(uint8_t* p, int64_t n, uint8_t v) {
+    if (n >= 8 && n <= 16) {
+        const uint64_t w = 0x0101010101010101ull * v;
+        std::memcpy(p, &w, 8);
+        std::memcpy(p + n - 8, &w, 8);
+    } else if (n >= 4 && n < 8) {
+        const uint32_t w = 0x01010101u * v;
+        std::memcpy(p, &w, 4);
+        std::memcpy(p + n - 4, &w, 4);
+    } else {
+        std::memset(p, v, size_t(n));
     }
 }
 
-bool KeywordMatcher::FindAll(std::string_view s, std::vector<KeywordFind>& finds,
-                             const std::function<bool(int64_t)>& tick) const {
-    if (lengths_.empty()) return true;
-    FindState f{reinterpret_cast<const unsigned char*>(s.data()), int64_t(s.size()),
-                std::vector<int64_t>(lengths_.size(), 0), finds};
-    const uint32_t* next = next_.data();
-    const uint8_t* cls = classOf_;
-    const uint32_t matchFrom = matchFrom_ << shift_;
+} // namespace
 
-    // Short stretches (a line) in one run. Long ones in blocks, each cut into four lanes that
-    // step through the automaton side by side: a step waits on the previous step's load, so
-    // independent lanes keep the processor busy. A lane starts from the root a keyword's
-    // length early, which gives it the right state at its first own position; the places it
-    // records are then taken lane by lane, so that the rules see them in text order.
-    constexpr int64_t kShort = 16 << 10, kBlock = 64 << 10, kLanes = 4;
-    if (f.n <= kShort) {
-        uint32_t state = 0;
-        for (int64_t i = 0; i < f.n; ++i) {
-            state = next[state + cls[f.text[i]]];
-            if (state >= matchFrom) [[unlikely]]
-                Report(f, i + 1, state);
-        }
-        return !tick || tick(f.n);
+void KeywordMatcher::PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
+                                  const ColorSlot* listSlots, PaintTarget& target) const {
+    // Counting sort by rank; finds of one keyword keep their order.
+    std::vector<size_t> from(entries_.size() + 1, 0);
+    for (auto& f : finds) ++from[rank_[f.pattern] + 1];
+    for (size_t r = 1; r < from.size(); ++r) from[r] += from[r - 1];
+    std::vector<const KeywordFind*> sorted(finds.size());
+    for (auto& f : finds) sorted[from[rank_[f.pattern]]++] = &f;
+    for (const KeywordFind* f : sorted)
+        target.Paint(base + f->start, lengths_[f->pattern],
+                     listSlots[entries_[rank_[f->pattern]].list]);
+}
+
+bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* listSlots,
+                           PaintTarget& target, const ScanTick& tick, int64_t wordScanFrom) const {
+    const int64_t n = int64_t(s.size());
+    std::vector<KeywordFind> finds;
+    if (n < wordScanFrom || words_->Empty()) {
+        if (!all_->FindAll(s, finds, tick)) return false;
+        PaintInOrder(finds, base, listSlots, target);
+        return true;
     }
-    const int64_t warm = *std::max_element(lengths_.begin(), lengths_.end()) - 1;
-    std::vector<uint64_t> hits(size_t(kLanes * (kBlock / kLanes + warm + 1)));
-    for (int64_t b = 0; b < f.n; b += kBlock) {
-        const int64_t e = std::min(f.n, b + kBlock), part = (e - b + kLanes - 1) / kLanes;
-        int64_t from[kLanes], own[kLanes], to[kLanes];
-        uint64_t* out[kLanes];
-        for (int k = 0; k < kLanes; ++k) {
-            own[k] = std::min(e, b + k * part);
-            to[k] = std::min(e, own[k] + part);
-            from[k] = std::max<int64_t>(0, own[k] - warm);
-            out[k] = hits.data() + k * (part + warm + 1);
-        }
-        // A place is recorded as the end of what matched (from base) and the state, written
-        // always and kept only when a keyword ends there, so the loop has no branch.
-        const int64_t base = from[0];
-        uint64_t* w[kLanes];
-        uint32_t st[kLanes] = {};
-        std::copy(out, out + kLanes, w);
-        auto step = [&](int k, int64_t i) {
-            st[k] = next[st[k] + cls[f.text[i]]];
-            *w[k] = (uint64_t(st[k]) << 32) | uint64_t(i + 1 - base);
-            w[k] += st[k] >= matchFrom;
+    // No two whole words overlap, so the words that are keywords are painted as they are
+    // found, in any order; other finds are collected.
+    auto slotOf = [&](uint32_t k) { return listSlots[entries_[rank_[k]].list]; };
+    if (uint8_t* direct = target.Direct(base, n); direct && n >= kTwoThreadsFrom) {
+        // Rounds of two halves, one on a second thread, cut where no word is; between
+        // rounds the tick may run the event loop, which no other thread may be reading
+        // the text during.
+        auto paint = [&](int64_t start, uint32_t k) {
+            Fill(direct + start, lengths_[k], uint8_t(slotOf(k)));
         };
-        int64_t common = to[0] - from[0];
-        for (int k = 1; k < kLanes; ++k) common = std::min(common, to[k] - from[k]);
-        for (int64_t i = 0; i < common; ++i)
-            for (int k = 0; k < kLanes; ++k) step(k, from[k] + i);
-        for (int k = 0; k < kLanes; ++k)
-            for (int64_t i = from[k] + common; i < to[k]; ++i) step(k, i);
-        for (int k = 0; k < kLanes; ++k)
-            for (const uint64_t* h = out[k]; h < w[k]; ++h) {
-                const int64_t end = base + int64_t(*h & 0xFFFFFFFFu);
-                if (end > own[k]) Report(f, end, uint32_t(*h >> 32));
+        std::vector<KeywordFind> second;
+        for (int64_t r = 0; r < n;) {
+            const int64_t end = WordBoundaryFrom(s, std::min(n, r + kRound));
+            const int64_t mid = WordBoundaryFrom(s, r + (end - r) / 2);
+            {
+                std::jthread worker([&] { words_->ScanWords(s, mid, end, paint, second, {}); });
+                words_->ScanWords(s, r, mid, paint, finds, {});
             }
-        if (tick && !tick(e - b)) return false;
+            if (tick && !tick(end - r)) return false;
+            r = end;
+        }
+        finds.insert(finds.end(), second.begin(), second.end());
+    } else {
+        auto word = [&](int64_t start, uint32_t k) {
+            target.Paint(base + start, lengths_[k], slotOf(k));
+        };
+        if (!words_->ScanWords(s, 0, n, word, finds, tick)) return false;
     }
+    if (!gaps_->Empty() && !gaps_->FindSparse(s, finds, tick)) return false;
+    words_->EdgeFinds(s, finds);
+    if (finds.empty()) return true;
+    // The other finds may overlap words and each other: they are painted in the coder's
+    // order together with the words they touch, which puts the right keyword on top.
+    for (size_t i = 0, n = finds.size(); i < n; ++i)
+        words_->WordsOverlapping(s, finds[i].start, finds[i].start + lengths_[finds[i].pattern],
+                                 finds);
+    PaintInOrder(finds, base, listSlots, target);
     return true;
 }
 

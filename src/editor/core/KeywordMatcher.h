@@ -1,10 +1,14 @@
 #pragma once
-// Finds the keywords of one or more keyword lists in a stretch of text in a single pass, with
-// the results of searching each keyword on its own: per keyword the search goes on one
-// character behind each find's end, and a find is coloured only when the word-boundary test
-// lets it. The lists are read as the keyword coder reads them (see ReadKeywordList).
+// Finds and paints the keywords of one or more keyword lists in a stretch of text, with the
+// results of searching each keyword on its own: per keyword the search goes on one character
+// behind each find's end, a find is coloured only when the word-boundary test lets it, and
+// keywords paint in list order, later ones over earlier ones. The lists are read as the
+// keyword coder reads them (see ReadKeywordList).
+#include "editor/core/KeywordAutomaton.h"
+#include "editor/core/SlotBuffer.h"
+#include "editor/core/WordKeywords.h"
+
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,17 +26,6 @@ struct KeywordToken {
 // behind the last separator is not a token. An empty list gives no tokens at all.
 std::vector<KeywordToken> ReadKeywordList(std::string_view list);
 
-// Byte with ASCII letters folded to lower case: the case-insensitive comparison.
-inline unsigned char FoldAscii(unsigned char c) {
-    return c >= 'A' && c <= 'Z' ? c + 32 : c;
-}
-
-// A find that the boundary test colours: the keyword's position within the stretch.
-struct KeywordFind {
-    int64_t start;
-    uint32_t pattern;
-};
-
 class KeywordMatcher {
   public:
     // One token of one list, in the order in which the coder paints them.
@@ -40,41 +33,37 @@ class KeywordMatcher {
         int list;
         int counter;
         int pattern; // index of the distinct keyword, -1 for the empty token ending a list
-        bool paints; // the last entry of its keyword: only it needs painting (see Painter)
+        bool paints; // the last entry of its keyword: only it needs painting
     };
+
+    // Stretches from this length on are scanned word by word (see WordKeywords); shorter
+    // ones, such as a line, by the automaton alone.
+    static constexpr int64_t kWordScanFrom = 16 << 10;
 
     KeywordMatcher(const std::vector<std::string_view>& lists, bool caseSensitive);
 
     const std::vector<Entry>& Entries() const { return entries_; }
-    size_t PatternCount() const { return lengths_.size(); }
-    int64_t PatternLength(uint32_t pattern) const { return lengths_[pattern]; }
 
-    // Appends to finds every coloured find in s, in order of end position. tick(bytes) is
-    // called after each block of the scan; when it returns false the scan stops and this
-    // returns false.
-    bool FindAll(std::string_view s, std::vector<KeywordFind>& finds,
-                 const std::function<bool(int64_t)>& tick) const;
+    // Paints every coloured find of s at base plus its position, with listSlots[list] of the
+    // entry that paints its keyword. False when tick stopped the scan; what was painted until
+    // then is incomplete.
+    bool Paint(std::string_view s, int64_t base, const ColorSlot* listSlots, PaintTarget& target,
+               const ScanTick& tick, int64_t wordScanFrom = kWordScanFrom) const;
 
   private:
-    void Build(const std::vector<std::string>& patterns);
-    struct FindState;
-    void Report(FindState& f, int64_t end, uint32_t state) const;
+    // Paints finds in the coder's order: by the rank of the entry that paints each keyword.
+    void PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
+                      const ColorSlot* listSlots, PaintTarget& target) const;
 
-    bool caseSensitive_;
     std::vector<Entry> entries_;
-    std::vector<int64_t> lengths_;
-    // The automaton: a complete transition table over byte classes. Each entry is the target
-    // state shifted left by shift_, so that a step is one add and one load; states with
-    // keywords ending in them are numbered last, from matchFrom_ on.
-    unsigned shift_ = 0;
-    uint32_t matchFrom_ = 0;
-    std::vector<uint32_t> next_;
-    uint8_t classOf_[256] = {};
-    std::vector<uint32_t> outStart_; // per state: its keywords in outputs_
-    std::vector<uint32_t> outputs_;
+    std::vector<int64_t> lengths_;           // per keyword
+    std::vector<uint32_t> rank_;             // per keyword: the index of the entry that paints it
+    std::unique_ptr<KeywordAutomaton> all_;  // every keyword
+    std::unique_ptr<KeywordAutomaton> gaps_; // keywords with a byte below "A"
+    std::unique_ptr<WordKeywords> words_;    // the others
 };
 
-// The automaton for a set of lists and a case flag, built once and kept while the lists stay
+// The matcher for a set of lists and a case flag, built once and kept while the lists stay
 // the same. Keeps a few, so that windows of different languages do not rebuild in turn.
 std::shared_ptr<const KeywordMatcher>
 SharedKeywordMatcher(const std::vector<std::string_view>& lists, bool caseSensitive);

@@ -68,7 +68,8 @@ int64_t FindLong(const char* hay, int64_t n, std::string_view needle) {
     const int64_t last = n - int64_t(needle.size()); // the last place where it fits
     const char a = needle[0], b = needle[1];
     auto rest = [&](int64_t i) {
-        return std::memcmp(hay + i + 2, needle.data() + 2, needle.size() - 2) == 0;
+        return needle.size() == 2 ||
+               std::memcmp(hay + i + 2, needle.data() + 2, needle.size() - 2) == 0;
     };
     int64_t i = 0;
 #if defined(__SSE2__)
@@ -120,31 +121,12 @@ PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
     const int64_t hi = std::clamp<int64_t>(last, lo, TextSize(ctx));
     const std::string_view stretch = ctx.Text.substr(size_t(lo), size_t(hi - lo));
     auto matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
-
-    std::vector<KeywordFind> finds;
-    finds.reserve(stretch.size() / 8 + 16); // untouched capacity costs no memory
-    if (!matcher->FindAll(stretch, finds, [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
+    if (!matcher->Paint(stretch, lo, slots, ctx.Target,
+                        [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
         return Abort(ctx);
-
-    // Group the finds by keyword (counting sort; each group stays in text order).
-    std::vector<size_t> from(matcher->PatternCount() + 1, 0);
-    for (auto& f : finds) ++from[f.pattern + 1];
-    for (size_t k = 1; k < from.size(); ++k) from[k] += from[k - 1];
-    std::vector<int64_t> starts(finds.size());
-    {
-        std::vector<size_t> at(from.begin(), from.end() - 1);
-        for (auto& f : finds) starts[at[f.pattern]++] = f.start;
-    }
-
-    for (auto& e : matcher->Entries()) {
-        if (showProgress && ctx.Progress)
+    if (showProgress && ctx.Progress)
+        for (auto& e : matcher->Entries())
             ctx.Progress(std::to_string(e.counter) + std::string(kKeywordsCodedCaption));
-        if (!e.paints) continue;
-        const int64_t len = matcher->PatternLength(uint32_t(e.pattern));
-        const size_t b = from[size_t(e.pattern)], end = from[size_t(e.pattern) + 1];
-        for (size_t i = b; i < end; ++i) ctx.Target.Paint(lo + starts[i], len, slots[e.list]);
-        if (!pass.pacer.Tick(int64_t(end - b) * 4 + 1)) return Abort(ctx);
-    }
     ctx.Flags.CodingInProgress = false;
     ctx.Flags.ChangedHighLight = false;
     return PassResult::Done;

@@ -25,6 +25,11 @@ void SlotBuffer::Paint(int64_t start, int64_t length, ColorSlot slot) {
     std::memset(slots_.data() + (start - base_), int(slot), size_t(length));
 }
 
+uint8_t* SlotBuffer::Direct(int64_t start, int64_t length) {
+    const int64_t i = start - base_;
+    return i >= 0 && length >= 0 && i + length <= Size() ? slots_.data() + i : nullptr;
+}
+
 uint8_t SlotBuffer::At(int64_t pos) const {
     int64_t i = pos - base_;
     return i >= 0 && i < Size() ? slots_[size_t(i)] : kNotPainted;

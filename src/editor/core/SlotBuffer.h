@@ -12,6 +12,10 @@ class PaintTarget {
     virtual ~PaintTarget() = default;
     // Gives positions start to start + length - 1 the slot; what is painted last wins.
     virtual void Paint(int64_t start, int64_t length, ColorSlot slot) = 0;
+    // The slot bytes of positions start to start + length - 1 when the target holds them in
+    // one piece already, else null. Painting there is the same as Paint, and may be done from
+    // several threads at once on different positions.
+    virtual uint8_t* Direct(int64_t start, int64_t length) { return nullptr; }
 };
 
 // A window of slots over the text, one byte per position, starting at Base(). Painting
@@ -33,6 +37,7 @@ class SlotBuffer final : public PaintTarget {
 
     // Negative positions are cut off; an empty or negative length paints nothing.
     void Paint(int64_t start, int64_t length, ColorSlot slot) override;
+    uint8_t* Direct(int64_t start, int64_t length) override;
 
     int64_t Base() const { return base_; }
     int64_t Size() const { return int64_t(slots_.size()); }

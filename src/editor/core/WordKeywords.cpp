@@ -1,0 +1,212 @@
+#include "editor/core/WordKeywords.h"
+
+#include <bit>
+#include <cstring>
+#include <map>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+bool HidesOwnFinds(std::string_view k) {
+    // A find at f hides a place f + d (1 <= d <= length) where the keyword stands too; the
+    // byte in front of that place is the keyword's byte d - 1.
+    for (size_t d = 1; d <= k.size(); ++d)
+        if (!IsWordByte(uint8_t(k[d - 1])) && k.substr(d) == k.substr(0, k.size() - d)) return true;
+    return false;
+}
+
+WordKeywords::WordKeywords(const std::vector<std::string>& patterns,
+                           const std::vector<uint32_t>& ids, bool caseSensitive)
+    : caseSensitive_(caseSensitive), patterns_(patterns), ids_(ids) {
+    // Group the keywords by lead word.
+    struct Lead {
+        int32_t whole = -1;
+        std::vector<uint32_t> others;
+    };
+    std::map<std::string, Lead> byLead;
+    for (size_t k = 0; k < patterns_.size(); ++k) {
+        const std::string& p = patterns_[k];
+        const size_t gap = size_t(
+            std::find_if(p.begin(), p.end(), [](char c) { return !IsWordByte(uint8_t(c)); }) -
+            p.begin());
+        Lead& lead = byLead[p.substr(0, gap)];
+        leadOnly_.push_back(gap < p.size());
+        if (gap == p.size())
+            lead.whole = int32_t(k);
+        else
+            lead.others.push_back(uint32_t(k));
+    }
+    std::vector<Slot> slots;
+    for (auto& [word, lead] : byLead) {
+        const int64_t length = int64_t(word.size());
+        maxLength_ = std::max(maxLength_, length);
+        const Key key = KeyOf(reinterpret_cast<const unsigned char*>(word.data()), length, length);
+        Slot slot;
+        slot.head = key.head;
+        slot.head2 = key.head2;
+        slot.length = uint32_t(length);
+        slot.whole = lead.whole;
+        slot.leadFrom = uint32_t(leads_.size());
+        leads_.insert(leads_.end(), lead.others.begin(), lead.others.end());
+        slot.leadTo = uint32_t(leads_.size());
+        slot.word = uint32_t(words_.size());
+        words_.push_back(word);
+        slots.push_back(slot);
+    }
+    // Cuckoo placement: each word in one of its two places. Other seeds, or a larger table,
+    // until all fit.
+    size_t size = 16;
+    while (size < 2 * slots.size()) size *= 2;
+    uint64_t seed = 0x9E3779B97F4A7C15ull;
+    for (int attempt = 0;; ++attempt) {
+        if (attempt > 0 && attempt % 8 == 0) size *= 2;
+        hashShift_ = 64 - unsigned(std::countr_zero(size));
+        seed1_ = (seed = seed * 6364136223846793005ull + 1442695040888963407ull) | 1;
+        seed2_ = (seed = seed * 6364136223846793005ull + 1442695040888963407ull) | 1;
+        std::vector<Slot> table(size);
+        if (std::all_of(slots.begin(), slots.end(),
+                        [&](const Slot& slot) { return Place(table, slot, seed1_, seed2_); })) {
+            table_ = std::move(table);
+            break;
+        }
+    }
+}
+
+bool WordKeywords::Place(std::vector<Slot>& table, Slot slot, uint64_t seed1,
+                         uint64_t seed2) const {
+    size_t at = Hash({slot.head, slot.head2}, slot.length, seed1);
+    for (int kicks = 0; kicks < 64; ++kicks) {
+        std::swap(slot, table[at]);
+        if (!slot.length) return true;
+        // The one pushed out goes to its other place.
+        const size_t a = Hash({slot.head, slot.head2}, slot.length, seed1);
+        at = a == at ? Hash({slot.head, slot.head2}, slot.length, seed2) : a;
+    }
+    return false;
+}
+
+bool WordKeywords::Equal(const unsigned char* p, const std::string& pattern, size_t from) const {
+    for (size_t i = from; i < pattern.size(); ++i) {
+        const unsigned char c = caseSensitive_ ? p[i] : FoldAscii(p[i]);
+        if (c != static_cast<unsigned char>(pattern[i])) return false;
+    }
+    return true;
+}
+
+const WordKeywords::Slot* WordKeywords::Find(const unsigned char* p, int64_t length,
+                                             int64_t available) const {
+    if (length <= 0 || length > maxLength_) return nullptr;
+    const Key key = KeyOf(p, length, available);
+    for (uint64_t seed : {seed1_, seed2_}) {
+        const Slot& slot = table_[Hash(key, length, seed)];
+        if (slot.head == key.head && slot.head2 == key.head2 && slot.length == uint64_t(length))
+            return length <= 16 || Equal(p, words_[slot.word], 16) ? &slot : nullptr;
+    }
+    return nullptr;
+}
+
+void WordKeywords::AtWord(std::string_view s, int64_t start, int64_t end, const Slot& slot,
+                          std::vector<KeywordFind>& finds) const {
+    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
+    const int64_t n = int64_t(s.size());
+    for (uint32_t i = slot.leadFrom; i < slot.leadTo; ++i) {
+        const std::string& p = patterns_[leads_[i]];
+        const int64_t stop = start + int64_t(p.size());
+        // The byte behind the lead word rules out nearly all of them at once.
+        if (stop > n || text[end] != uint8_t(p[size_t(end - start)]) ||
+            !Equal(text + start, p, size_t(end - start) + 1))
+            continue;
+        // The word's start passes the boundary test on the front; the back is tested here.
+        if (start == 0 || stop == n || !IsWordByte(text[stop]))
+            finds.push_back({start, ids_[leads_[i]]});
+    }
+}
+
+uint64_t WordKeywords::WordMask(const unsigned char* p) {
+#if defined(__SSE2__)
+    const __m128i a = _mm_set1_epi8(65);
+    uint64_t mask = 0;
+    for (int k = 0; k < 4; ++k) {
+        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * k));
+        const __m128i word = _mm_cmpeq_epi8(_mm_max_epu8(x, a), x); // x >= 65, unsigned
+        mask |= uint64_t(uint32_t(_mm_movemask_epi8(word)) & 0xFFFF) << (16 * k);
+    }
+    return mask;
+#else
+    uint64_t mask = 0;
+    for (int i = 0; i < 64; ++i) mask |= uint64_t(IsWordByte(p[i])) << i;
+    return mask;
+#endif
+}
+
+void WordKeywords::WordsOverlapping(std::string_view s, int64_t from, int64_t to,
+                                    std::vector<KeywordFind>& finds) const {
+    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
+    const int64_t n = int64_t(s.size());
+    to = std::min(to, n);
+    // Back to the start of the word that holds from; a word longer than any keyword is no
+    // keyword, so the walk goes no further than that.
+    int64_t i = std::clamp<int64_t>(from, 0, n);
+    if (i < n && IsWordByte(text[i]))
+        for (const int64_t limit = std::max<int64_t>(0, i - maxLength_);
+             i > limit && IsWordByte(text[i - 1]);)
+            --i;
+    while (i < to) {
+        if (!IsWordByte(text[i])) {
+            ++i;
+            continue;
+        }
+        const int64_t start = i, limit = std::min(n, start + maxLength_ + 1);
+        int64_t end = start;
+        while (end < limit && IsWordByte(text[end])) ++end;
+        if ((start == 0 || !IsWordByte(text[start - 1])) && (end == n || !IsWordByte(text[end])))
+            if (const Slot* slot = Find(text + start, end - start, n - start);
+                slot && slot->whole >= 0)
+                finds.push_back({start, ids_[size_t(slot->whole)]});
+        for (i = end; i < to && IsWordByte(text[i]);) ++i;
+    }
+}
+
+// Whether the search for pattern over the whole of s finds the place at, where it stands.
+bool WordKeywords::FoundAt(std::string_view s, int64_t at, const std::string& pattern) const {
+    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
+    const int64_t length = int64_t(pattern.size());
+    auto stands = [&](int64_t pos) { return Equal(text + pos, pattern, 0); };
+    // Back to a place x with no occurrence in the length bytes before it: any earlier find
+    // ends so far ahead of x that the search is free again at x.
+    int64_t x = at;
+    for (bool moved = true; moved;) {
+        moved = false;
+        for (int64_t c = std::max<int64_t>(0, x - length); c < x; ++c)
+            if (stands(c)) {
+                x = c;
+                moved = true;
+                break;
+            }
+    }
+    for (int64_t f = x; f <= at; f += length + 1) {
+        while (f < at && !stands(f)) ++f;
+        if (f == at) return true;
+    }
+    return false;
+}
+
+void WordKeywords::EdgeFinds(std::string_view s, std::vector<KeywordFind>& finds) const {
+    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
+    const int64_t n = int64_t(s.size());
+    for (size_t k = 0; k < patterns_.size(); ++k) {
+        const std::string& p = patterns_[k];
+        const int64_t length = int64_t(p.size());
+        if (length >= n) continue; // then it can only be the text's one word, or not be there
+        // A find at the start is always coloured; ScanWords has those that are whole words
+        // or begin with the whole first word.
+        if (IsWordByte(text[length]) && !leadOnly_[k] && Equal(text, p, 0))
+            finds.push_back({0, ids_[k]});
+        // A find that reaches the end is coloured if the search gets to it; ScanWords has
+        // those that begin a word.
+        const int64_t last = n - length;
+        if (IsWordByte(text[last - 1]) && Equal(text + last, p, 0) && FoundAt(s, last, p))
+            finds.push_back({last, ids_[k]});
+    }
+}

@@ -1,0 +1,87 @@
+// The word-by-word scan of long stretches against the automaton, which steps through every
+// byte: both must colour every position alike, on random texts and lists in both case modes.
+// The automaton itself is checked against the literal reference painter elsewhere.
+#include "editor/core/KeywordMatcher.h"
+
+#include "app/core/EditorSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+// Pieces that make words, lead words with a digit or blank behind them ("ab1", "a b"),
+// keywords that can hide their own finds ("a1a", "1"), high bytes and both cases.
+const std::vector<std::string> kPieces = {"a",    "b",    "A",   "B",   "ab",  " ",    " ",
+                                          "1",    "_",    "@",   "[",   "#",   "\r\n", "\xC3\xA9",
+                                          "\xFF", "\x80", "ab1", "a b", "a1a", "Ba"};
+
+struct Random {
+    std::mt19937 gen;
+    explicit Random(unsigned seed) : gen(seed) {}
+    int Int(int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(gen); }
+    const std::string& Pick() { return kPieces[size_t(Int(0, int(kPieces.size()) - 1))]; }
+    std::string Text(size_t size) {
+        std::string t;
+        while (t.size() < size) t += Pick();
+        return t;
+    }
+    std::string List() {
+        std::string l;
+        for (int i = Int(0, 8); i > 0; --i) {
+            std::string k;
+            for (int j = Int(1, 3); j > 0; --j) k += Pick();
+            l += k + kKeywordSeparator;
+        }
+        return l;
+    }
+};
+
+std::vector<uint8_t> Painted(const KeywordMatcher& m, std::string_view text, int64_t wordScanFrom) {
+    static const ColorSlot slots[3] = {KeywordSlot(0), KeywordSlot(1), KeywordSlot(2)};
+    SlotBuffer b(0, int64_t(text.size()));
+    b.Paint(0, int64_t(text.size()), ColorSlot::Text);
+    EXPECT_TRUE(m.Paint(text, 0, slots, b, {}, wordScanFrom));
+    return {b.Data(), b.Data() + b.Size()};
+}
+
+} // namespace
+
+TEST(KeywordMatcher, WordScanMatchesTheAutomaton) {
+    constexpr int64_t kWordScan = 0, kAutomaton = int64_t(1) << 62;
+    for (unsigned seed = 1; seed <= 3000; ++seed) {
+        Random r(seed);
+        const std::string l0 = r.List(), l1 = r.List(), l2 = r.List();
+        const KeywordMatcher m({l0, l1, l2}, r.Int(0, 1) == 1);
+        const std::string text = r.Text(size_t(r.Int(0, 200)));
+        ASSERT_EQ(Painted(m, text, kWordScan), Painted(m, text, kAutomaton)) << "seed " << seed;
+    }
+}
+
+// Long enough for blocks, rounds and the second thread; a few repeated keywords among
+// ordinary words, so that whole-word finds fall on both sides of every cut.
+TEST(KeywordMatcher, LongStretchesOnTwoThreads) {
+    for (unsigned seed = 1; seed <= 2; ++seed) {
+        Random r(seed);
+        const std::string lists[3] = {r.List() + "ab" + kKeywordSeparator, r.List(), "a b\xFF"};
+        const KeywordMatcher m({lists[0], lists[1], lists[2]}, seed == 2);
+        const std::string text = r.Text(size_t(3) << 20);
+        EXPECT_EQ(Painted(m, text, KeywordMatcher::kWordScanFrom),
+                  Painted(m, text, int64_t(1) << 62))
+            << "seed " << seed;
+    }
+}
+
+TEST(KeywordMatcher, HidesOwnFinds) {
+    struct Case {
+        const char* keyword;
+        bool hides;
+    };
+    // "a1" hides the next "a1" right behind it (the search skips a byte); "a1a" one that
+    // shares its last "a"; words cannot, nor can keywords whose byte below "A" never lines
+    // up with a repeat.
+    const std::vector<Case> cases = {{"a1", true},   {"a1a", true},      {"1", true},
+                                     {"int", false}, {"int32_t", false}, {"a b", false}};
+    for (auto& c : cases) EXPECT_EQ(HidesOwnFinds(c.keyword), c.hides) << c.keyword;
+}
