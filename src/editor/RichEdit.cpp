@@ -30,9 +30,14 @@ RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
     // edit itself. The notice before a change is delivered without that count.
     Sci(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int, int type, const char*, int, int, int, int, int, int, int) {
-                if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) emit textChanged();
+            [this](int pos, int type, const char*, int length, int, int, int, int, int, int) {
+                if (!(type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE))) return;
+                MoveDeferredStyles(type, pos, length);
+                emit textChanged();
             });
+    // Without a lexer the control asks its owner for styles before it shows text.
+    connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
+            [this](int pos) { StyleNeeded(pos); });
     Sci(SCI_SETSCROLLWIDTHTRACKING, 1);
     Sci(SCI_SETSCROLLWIDTH, 1);
     setMarginWidth(0, 0);
@@ -93,6 +98,7 @@ std::string_view RichEdit::TextViewFrom(int64_t start) const {
 
 void RichEdit::SetText(std::string_view bytes) {
     std::string t = ToCrLf(bytes);
+    DropDeferredStyles();
     Sci(SCI_CLEARALL);
     SciPtr(SCI_APPENDTEXT, t.size(), t.data());
     Sci(SCI_SETSEL, 0, 0);
@@ -130,53 +136,6 @@ void RichEdit::SetSelText(std::string_view bytes) {
     int64_t caret = s + int64_t(bytes.size());
     Sci(SCI_SETSEL, caret, caret);
     NotifySelChange();
-}
-
-void RichEdit::PaintRange(int64_t start, int64_t length, ColorSlot slot) {
-    int64_t n = TextLength();
-    start = std::clamp<int64_t>(start, 0, n);
-    length = std::clamp<int64_t>(length, 0, n - start);
-    if (length == 0) return;
-    Sci(SCI_STARTSTYLING, start, 0);
-    Sci(SCI_SETSTYLING, length, long(slot));
-}
-
-void RichEdit::PaintStyles(int64_t start, std::string_view styleBytes) {
-    int64_t n = TextLength();
-    if (start < 0 || start >= n || styleBytes.empty()) return;
-    size_t len = std::min<size_t>(styleBytes.size(), size_t(n - start));
-    Sci(SCI_STARTSTYLING, start, 0);
-    SciPtr(SCI_SETSTYLINGEX, len, styleBytes.data());
-}
-
-ColorSlot RichEdit::SlotAt(int64_t pos) const {
-    long s = Sci(SCI_GETSTYLEAT, pos);
-    return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
-}
-
-std::string RichEdit::Styles(int64_t start, int64_t length) const {
-    int64_t n = TextLength();
-    start = std::clamp<int64_t>(start, 0, n);
-    length = std::clamp<int64_t>(length, 0, n - start);
-    // The control hands out text and style bytes interleaved, two bytes a position.
-    std::string both(size_t(2 * length + 2), '\0');
-    struct {
-        struct { long cpMin, cpMax; } chrg;
-        char* lpstrText;
-    } range{{long(start), long(start + length)}, both.data()};
-    SciPtr(SCI_GETSTYLEDTEXT, 0, &range);
-    std::string styles(size_t(length), '\0');
-    for (int64_t i = 0; i < length; ++i) styles[size_t(i)] = both[size_t(2 * i + 1)];
-    return styles;
-}
-
-void RichEdit::CopyFrom(const RichEdit& other) {
-    setUtf8(other.isUtf8());
-    std::string_view t = other.TextView();
-    Sci(SCI_CLEARALL);
-    SciPtr(SCI_APPENDTEXT, t.size(), t.data());
-    PaintStyles(0, other.Styles(0, other.TextLength()));
-    Sci(SCI_SETSEL, 0, 0);
 }
 
 void RichEdit::ApplyEdits(const std::vector<TextEdit>& edits) {
@@ -299,6 +258,7 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     long eventMask = Sci(SCI_GETMODEVENTMASK);
     Sci(SCI_SETMODEVENTMASK, 0);
     bool hadText = TextLength() > 0;
+    DropDeferredStyles(); // the events that would drop it are off
     Sci(SCI_CLEARALL);
     if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
     bool ok = true;

@@ -4,7 +4,9 @@
 // is held as CR LF. The bytes of a file are kept as they are: the buffer is shown as UTF-8
 // when the file is valid UTF-8 (new documents are UTF-8), otherwise as Latin-1.
 // Colour reaches the text as styles, one per colour slot, so that colouring is neither an
-// edit nor an undo step.
+// edit nor an undo step. A long stretch of colours may be handed over unwritten
+// (DeferStyles): the control then takes it as it shows or measures the text
+// (RichEditStyles.cpp).
 #include "editor/core/ColorSlot.h"
 #include "transforms/core/LineTransforms.h"
 
@@ -18,6 +20,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // What the control reports to its owner, under the names of the owner's handlers.
 class RichEditEvents {
@@ -64,6 +67,14 @@ class RichEdit : public QsciScintilla {
     // Paints a stretch directly (the painter's output), clipped to the buffer.
     void PaintRange(int64_t start, int64_t length, ColorSlot slot);
     void PaintStyles(int64_t start, std::string_view styleBytes); // one slot byte per position
+    // Takes the slot bytes of positions start.. without writing them into the control yet:
+    // the control asks for them as it comes to show them, edits move them with the text, and
+    // later paints override them. Writing 10 MB of styles costs more than colouring them.
+    void DeferStyles(int64_t start, std::vector<uint8_t> styleBytes);
+    // Writes the deferred colours of the positions before upTo (-1: all) into the control.
+    // Code that reads styles from the control itself (SCI_GETSTYLEAT, SCI_GETSTYLEDTEXT,
+    // printing through the control) calls it first; SlotAt and Styles do so themselves.
+    void FlushDeferredStyles(int64_t upTo = -1) const;
     ColorSlot SlotAt(int64_t pos) const;
     // The slot bytes of a stretch, one per position.
     std::string Styles(int64_t start, int64_t length) const;
@@ -153,6 +164,28 @@ class RichEdit : public QsciScintilla {
     void ApplyFont();
     void ApplyColors();
     void NotifySelChange();
+    // Deferred colours: answers the control's request to style the text before pos, and
+    // moves the store with an insertion or deletion that is about to happen.
+    void StyleNeeded(int64_t pos);
+    void MoveDeferredStyles(int modificationType, int64_t pos, int64_t length);
+    void DropDeferredStyles() { deferred_ = {}; }
+    // Keeps the control's end of styled text at or before the store, so that it asks.
+    void KeepStoreUnstyled() const;
+    template <typename C, typename S>
+    void PaintAround(int64_t start, int64_t length, C&& toControl, S&& toStore);
+
+    // Slot bytes not yet written into the control, for positions start.. . Written bytes
+    // are skipped by offset rather than removed, so that taking a chunk moves nothing.
+    struct DeferredStyles {
+        std::vector<uint8_t> bytes;
+        size_t offset = 0;
+        int64_t start = 0; // the position of bytes[offset]
+        int64_t Size() const { return int64_t(bytes.size() - offset); }
+        int64_t End() const { return start + Size(); }
+        bool Empty() const { return offset >= bytes.size(); }
+    };
+    // Flushing changes what the control holds, not what it reports: readers stay const.
+    mutable DeferredStyles deferred_;
 
     RichEditEvents* events_ = nullptr;
     std::array<QColor, kColorSlotCount> slotColors_{};
