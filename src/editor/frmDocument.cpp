@@ -270,6 +270,8 @@ namespace {
 // Documents larger than this are hidden during a whole-document pass, which shows the
 // progress label; smaller ones are merely kept from repainting.
 constexpr int64_t kHideWhileColouring = 2 << 20;
+// Painted stretches from this length on are deferred rather than written into the control.
+constexpr int64_t kDeferStylesFrom = 64 << 10;
 } // namespace
 
 PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)>& pass,
@@ -301,11 +303,22 @@ PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)
     codingInProgress_ = true;
     PassResult r = pass(ctx);
     if (!self) return PassResult::Aborted;
-    if (r != PassResult::Aborted && rtfText->Version() == version)
-        painted.ForEachSpan([this, viewStart](int64_t start, const uint8_t* p, int64_t n) {
-            rtfText->PaintStyles(viewStart + start,
-                                 std::string_view(reinterpret_cast<const char*>(p), size_t(n)));
+    if (r != PassResult::Aborted && rtfText->Version() == version) {
+        // Long stretches are handed over unwritten: the control takes their colours as it
+        // shows them, and writing those of a whole large document would cost more than
+        // painting them. The usual one, the whole window, goes over without a copy.
+        bool takeAll = false;
+        painted.ForEachSpan([&](int64_t start, const uint8_t* p, int64_t n) {
+            if (n < kDeferStylesFrom)
+                rtfText->PaintStyles(viewStart + start,
+                                     std::string_view(reinterpret_cast<const char*>(p), size_t(n)));
+            else if (n == painted.Size())
+                takeAll = true;
+            else
+                rtfText->DeferStyles(viewStart + start, std::vector<uint8_t>(p, p + n));
         });
+        if (takeAll) rtfText->DeferStyles(viewStart + painted.Base(), painted.TakeBytes());
+    }
     settings_.Delimiters = settings.Delimiters; // classes clamped by the coders stay so
     codingInProgress_ = flags.CodingInProgress;
     ChangedHighLight = flags.ChangedHighLight;

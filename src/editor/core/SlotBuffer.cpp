@@ -56,3 +56,9 @@ std::vector<SlotBuffer::Run> SlotBuffer::Runs() const {
     ForEachRun([&](int64_t s, int64_t l, ColorSlot c) { runs.push_back({s, l, c}); });
     return runs;
 }
+
+std::vector<uint8_t> SlotBuffer::TakeBytes() {
+    std::vector<uint8_t> bytes = std::move(slots_);
+    slots_.clear();
+    return bytes;
+}

@@ -68,6 +68,9 @@ class SlotBuffer final : public PaintTarget {
         }
     }
     std::vector<Run> Runs() const;
+    // Moves the slot bytes out and leaves the window empty: a whole document's colours are
+    // handed on without a copy.
+    std::vector<uint8_t> TakeBytes();
 
   private:
     // The end of the run of equal bytes that starts at i.
