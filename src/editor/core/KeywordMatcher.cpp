@@ -156,7 +156,7 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
     if (finds.empty()) return true;
     // The other finds may overlap words and each other: they are painted in the coder's
     // order together with the words they touch, which puts the right keyword on top.
-    for (size_t i = 0, n = finds.size(); i < n; ++i)
+    for (size_t i = 0, count = finds.size(); i < count; ++i)
         words_->WordsOverlapping(s, finds[i].start, finds[i].start + lengths_[finds[i].pattern],
                                  finds);
     PaintInOrder(finds, base, listSlots, target);
