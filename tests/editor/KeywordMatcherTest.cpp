@@ -42,7 +42,7 @@ std::vector<uint8_t> Painted(const KeywordMatcher& m, std::string_view text, int
     static const ColorSlot slots[3] = {KeywordSlot(0), KeywordSlot(1), KeywordSlot(2)};
     SlotBuffer b(0, int64_t(text.size()));
     b.Paint(0, int64_t(text.size()), ColorSlot::Text);
-    EXPECT_TRUE(m.Paint(text, 0, slots, b, {}, wordScanFrom));
+    EXPECT_TRUE(m.Paint(text, 0, slots, b, {}, {}, wordScanFrom));
     return {b.Data(), b.Data() + b.Size()};
 }
 

@@ -160,7 +160,9 @@ TEST(PainterCrossCheck, LinesAndPassages) {
     }
 }
 
-// Long texts of a C-like shape, where the automaton's blocks and its cache are exercised.
+// Long texts of a C-like shape, where the automaton's blocks and its cache are exercised; the
+// last ones are long enough for the word scan on two threads with the pairs searched beside
+// it.
 TEST(PainterCrossCheck, LongTexts) {
     const std::vector<std::string> words = {"int",  "interrupt", "print", "for", "format", "if",
                                             "elif", "  ",        "\r\n",  "/* ", " */",    "\"s\"",
@@ -168,8 +170,9 @@ TEST(PainterCrossCheck, LongTexts) {
     for (unsigned seed = 1; seed <= 6; ++seed) {
         Random r(seed);
         std::string text;
-        while (text.size() < 150000) text += r.Pick(words);
+        while (text.size() < (seed <= 4 ? 150000u : 1300000u)) text += r.Pick(words);
         Pair p(r, text);
+        if (seed > 4) p.fast.settings.CodeOrder = seed == 5;
         p.fast.settings.Keywords = {"int\xFF"
                                     "for\xFF",
                                     "if\xFF"

@@ -4,9 +4,14 @@
 #include "transforms/core/MiscSubs.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <map>
 #include <thread>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 std::vector<KeywordToken> ReadKeywordList(std::string_view list) {
     std::vector<KeywordToken> tokens;
@@ -75,8 +80,10 @@ KeywordMatcher::KeywordMatcher(const std::vector<std::string_view>& lists, bool 
 
 namespace {
 
-// Stretches from this length on are scanned on two threads, in rounds of kRound bytes.
-constexpr int64_t kTwoThreadsFrom = 1 << 20, kRound = 8 << 20;
+// Stretches from this length on are scanned on two threads, in rounds of kRound bytes, each
+// cut into pieces of about kPiece bytes: small enough that neither thread waits long for the
+// other at the end of a round.
+constexpr int64_t kTwoThreadsFrom = 1 << 20, kRound = 8 << 20, kPiece = 256 << 10;
 
 // The first place from pos on that no word spans: behind a byte below "A", or the end.
 int64_t WordBoundaryFrom(std::string_view s, int64_t pos) {
@@ -99,6 +106,26 @@ inline void Fill(uint8_t* p, int64_t n, uint8_t v) {
     }
 }
 
+// Paints a word of n bytes at p, with room bytes at p that this thread alone paints: where
+// there are 16 of them, a blend of 16 bytes without a branch on n, which would be guessed
+// wrong at every other keyword.
+inline void PaintWord(uint8_t* p, int64_t n, uint8_t v, int64_t room) {
+#if defined(__SSE2__)
+    alignas(16) static constexpr uint8_t kRamp[32] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,
+                                                      0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,
+                                                      0xFF, 0xFF, 0xFF, 0xFF};
+    if (n <= 16 && room >= 16) {
+        auto* at = reinterpret_cast<__m128i*>(p);
+        const __m128i keep = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kRamp + 16 - n));
+        const __m128i old = _mm_loadu_si128(at);
+        _mm_storeu_si128(at, _mm_or_si128(_mm_andnot_si128(keep, old),
+                                          _mm_and_si128(keep, _mm_set1_epi8(char(v)))));
+        return;
+    }
+#endif
+    Fill(p, n, v);
+}
+
 } // namespace
 
 void KeywordMatcher::PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
@@ -115,7 +142,8 @@ void KeywordMatcher::PaintInOrder(const std::vector<KeywordFind>& finds, int64_t
 }
 
 bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* listSlots,
-                           PaintTarget& target, const ScanTick& tick, int64_t wordScanFrom) const {
+                           PaintTarget& target, const ScanTick& tick, const Alongside& alongside,
+                           int64_t wordScanFrom) const {
     const int64_t n = int64_t(s.size());
     std::vector<KeywordFind> finds;
     if (n < wordScanFrom || words_->Empty()) {
@@ -127,24 +155,39 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
     // found, in any order; other finds are collected.
     auto slotOf = [&](uint32_t k) { return listSlots[entries_[rank_[k]].list]; };
     if (uint8_t* direct = target.Direct(base, n); direct && n >= kTwoThreadsFrom) {
-        // Rounds of two halves, one on a second thread, cut where no word is; between
-        // rounds the tick may run the event loop, which no other thread may be reading
-        // the text during.
-        auto paint = [&](int64_t start, uint32_t k) {
-            Fill(direct + start, lengths_[k], uint8_t(slotOf(k)));
-        };
-        std::vector<KeywordFind> second;
+        // Rounds, each cut into pieces where no word is, which two threads take in turn;
+        // between rounds the tick may run the event loop, which no other thread may be
+        // reading the text during.
+        std::vector<int64_t> cuts;
+        std::vector<std::vector<KeywordFind>> pieceFinds;
         for (int64_t r = 0; r < n;) {
             const int64_t end = WordBoundaryFrom(s, std::min(n, r + kRound));
-            const int64_t mid = WordBoundaryFrom(s, r + (end - r) / 2);
+            cuts.assign(1, r);
+            for (int64_t c = r + kPiece; c < end; c += kPiece)
+                if (const int64_t cut = WordBoundaryFrom(s, c); cut > cuts.back() && cut < end)
+                    cuts.push_back(cut);
+            cuts.push_back(end);
+            pieceFinds.assign(cuts.size() - 1, {});
+            std::atomic<size_t> next = 0;
+            auto scan = [&] {
+                for (size_t p; (p = next++) < pieceFinds.size();) {
+                    const int64_t pieceEnd = cuts[p + 1];
+                    auto paint = [&](int64_t start, uint32_t k) {
+                        PaintWord(direct + start, lengths_[k], uint8_t(slotOf(k)),
+                                  pieceEnd - start);
+                    };
+                    words_->ScanWords(s, cuts[p], pieceEnd, paint, pieceFinds[p], {});
+                }
+            };
             {
-                std::jthread worker([&] { words_->ScanWords(s, mid, end, paint, second, {}); });
-                words_->ScanWords(s, r, mid, paint, finds, {});
+                std::jthread worker(scan);
+                if (alongside) alongside(end);
+                scan();
             }
+            for (auto& f : pieceFinds) finds.insert(finds.end(), f.begin(), f.end());
             if (tick && !tick(end - r)) return false;
             r = end;
         }
-        finds.insert(finds.end(), second.begin(), second.end());
     } else {
         auto word = [&](int64_t start, uint32_t k) {
             target.Paint(base + start, lengths_[k], slotOf(k));

@@ -9,6 +9,7 @@
 #include "editor/core/WordKeywords.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,15 +41,20 @@ class KeywordMatcher {
     // ones, such as a line, by the automaton alone.
     static constexpr int64_t kWordScanFrom = 16 << 10;
 
+    // Other work on the text for the scan to do on its threads: called once per round of a
+    // long stretch with the round's end, on one thread while the other scans.
+    using Alongside = std::function<void(int64_t end)>;
+
     KeywordMatcher(const std::vector<std::string_view>& lists, bool caseSensitive);
 
     const std::vector<Entry>& Entries() const { return entries_; }
 
     // Paints every coloured find of s at base plus its position, with listSlots[list] of the
     // entry that paints its keyword. False when tick stopped the scan; what was painted until
-    // then is incomplete.
+    // then is incomplete. alongside, if given, is called for some or all of s, in order.
     bool Paint(std::string_view s, int64_t base, const ColorSlot* listSlots, PaintTarget& target,
-               const ScanTick& tick, int64_t wordScanFrom = kWordScanFrom) const;
+               const ScanTick& tick, const Alongside& alongside = {},
+               int64_t wordScanFrom = kWordScanFrom) const;
 
   private:
     // Paints finds in the coder's order: by the rank of the entry that paints each keyword.

@@ -1,16 +1,14 @@
 #include "editor/core/Painter.h"
 
+#include "editor/core/DelimiterScan.h"
 #include "editor/core/KeywordMatcher.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace {
 
@@ -62,56 +60,12 @@ void PaintClipped(PaintContext& ctx, int64_t start, int64_t length, ColorSlot sl
     if (end > start) ctx.Target.Paint(start, end - start, slot);
 }
 
-// First place of a needle of two or more bytes in hay, or -1. Sixteen candidate places at a
-// time are tested on their first two bytes, which rules out nearly all of them at once.
-int64_t FindLong(const char* hay, int64_t n, std::string_view needle) {
-    const int64_t last = n - int64_t(needle.size()); // the last place where it fits
-    const char a = needle[0], b = needle[1];
-    auto rest = [&](int64_t i) {
-        return needle.size() == 2 ||
-               std::memcmp(hay + i + 2, needle.data() + 2, needle.size() - 2) == 0;
-    };
-    int64_t i = 0;
-#if defined(__SSE2__)
-    const __m128i va = _mm_set1_epi8(a), vb = _mm_set1_epi8(b);
-    for (; i + 17 <= n && i <= last; i += 16) {
-        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i));
-        const __m128i y = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i + 1));
-        unsigned mask = unsigned(
-            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(x, va), _mm_cmpeq_epi8(y, vb))));
-        for (; mask; mask &= mask - 1) {
-            const int64_t c = i + __builtin_ctz(mask);
-            if (c <= last && rest(c)) return c;
-        }
-    }
-#endif
-    for (; i <= last; ++i)
-        if (hay[i] == a && hay[i + 1] == b && rest(i)) return i;
-    return -1;
-}
-
-// First occurrence of needle in text at or after from, exact bytes; -1 if none. An empty
-// needle is found where the search starts, as long as that lies inside the text.
-int64_t FindFrom(std::string_view text, int64_t from, std::string_view needle) {
-    const int64_t n = int64_t(text.size());
-    if (from < 0) from = 0;
-    if (from >= n) return -1;
-    if (needle.empty()) return from;
-    const char* hay = text.data() + from;
-    if (needle.size() == 1) {
-        const void* hit = std::memchr(hay, needle[0], size_t(n - from));
-        return hit ? static_cast<const char*>(hit) - text.data() : -1;
-    }
-    const int64_t at = FindLong(hay, n - from, needle);
-    return at < 0 ? -1 : from + at;
-}
-
 // The keyword coder over several lists at once, with the flag effects of running it for each
 // list in turn: all finds come from one scan, then each keyword's finds are painted in list
 // order, so that later keywords still paint over earlier ones.
 PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
                         const std::vector<std::string_view>& lists, const ColorSlot* slots,
-                        bool showProgress) {
+                        bool showProgress, DelimiterScan* alongside = nullptr) {
     PaintContext& ctx = pass.ctx;
     if (std::all_of(lists.begin(), lists.end(), [](auto l) { return l.empty(); }))
         return PassResult::Skipped;
@@ -121,8 +75,11 @@ PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
     const int64_t hi = std::clamp<int64_t>(last, lo, TextSize(ctx));
     const std::string_view stretch = ctx.Text.substr(size_t(lo), size_t(hi - lo));
     auto matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
-    if (!matcher->Paint(stretch, lo, slots, ctx.Target,
-                        [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
+    KeywordMatcher::Alongside searchAhead;
+    if (alongside) searchAhead = [alongside, lo](int64_t end) { alongside->Advance(lo + end); };
+    if (!matcher->Paint(
+            stretch, lo, slots, ctx.Target, [&](int64_t bytes) { return pass.pacer.Tick(bytes); },
+            searchAhead))
         return Abort(ctx);
     if (showProgress && ctx.Progress)
         for (auto& e : matcher->Entries())
@@ -160,18 +117,64 @@ PassResult Delimiters(Pass& pass, int64_t first, int64_t last, std::string_view 
     return PassResult::Done;
 }
 
-PassResult AllKeywords(Pass& pass, int64_t first, int64_t last, bool showProgress) {
+PassResult AllKeywords(Pass& pass, int64_t first, int64_t last, bool showProgress,
+                       DelimiterScan* alongside = nullptr) {
     const auto& k = pass.ctx.Settings.Keywords;
     static constexpr std::array<ColorSlot, 3> slots = {KeywordSlot(0), KeywordSlot(1),
                                                        KeywordSlot(2)};
-    return KeywordStage(pass, first, last, {k[0], k[1], k[2]}, slots.data(), showProgress);
+    return KeywordStage(pass, first, last, {k[0], k[1], k[2]}, slots.data(), showProgress,
+                        alongside);
+}
+
+// The entries of the delimiter table that a whole-document pass paints: opener and closer
+// both given.
+bool Searched(const DelimiterPair& d) {
+    return !d.DelimiterStart.empty() && !d.DelimiterEnd.empty();
+}
+
+DelimiterScan ScanFor(const PaintContext& ctx) {
+    std::vector<DelimiterScan::Pair> pairs;
+    for (auto& d : ctx.Settings.Delimiters)
+        if (Searched(d))
+            pairs.push_back({d.DelimiterStart, d.DelimiterEnd == "\r\n" ? "\n" : d.DelimiterEnd});
+    return DelimiterScan(ctx.Text, std::move(pairs));
+}
+
+// The delimiter stage of a whole-document pass from a search made ahead (or part of it): the
+// rest of the search, then each entry's pairs painted in table order, with the flags and the
+// clamped colour class that the delimiter coder leaves.
+PassResult PaintScanned(Pass& pass, DelimiterScan& scan) {
+    PaintContext& ctx = pass.ctx;
+    constexpr int64_t kStep = 1 << 20;
+    while (!scan.Finished()) {
+        const int64_t from = scan.Reached();
+        scan.Advance(from + kStep);
+        if (!pass.pacer.Tick(scan.Reached() - from)) return Abort(ctx);
+    }
+    // The pairs lie inside the text: where the target holds it in one piece, they go
+    // straight into its bytes.
+    uint8_t* direct = ctx.Target.Direct(0, TextSize(ctx));
+    size_t pair = 0;
+    for (auto& d : ctx.Settings.Delimiters) {
+        if (!Searched(d)) continue;
+        if (d.DelimiterColor > 3 || d.DelimiterColor < 1) d.DelimiterColor = 1;
+        const ColorSlot slot = DelimiterSlot(d.DelimiterColor);
+        for (auto& span : scan.Spans(pair++))
+            if (direct)
+                std::memset(direct + span.start, int(slot), size_t(span.length));
+            else
+                ctx.Target.Paint(span.start, span.length, slot);
+    }
+    ctx.Flags.CodingInProgress = false;
+    ctx.Flags.ChangedHighLight = false;
+    return PassResult::Done;
 }
 
 // The delimiter table in order. needBoth: only entries with opener and closer; otherwise the
 // closer is not looked at. clearFirst: CodingInProgress is cleared before each entry.
 PassResult AllDelimiters(Pass& pass, int64_t first, int64_t last, bool needBoth, bool clearFirst) {
     for (auto& d : pass.ctx.Settings.Delimiters) {
-        if (d.DelimiterStart.empty() || (needBoth && d.DelimiterEnd.empty())) continue;
+        if (needBoth ? !Searched(d) : d.DelimiterStart.empty()) continue;
         if (clearFirst) pass.ctx.Flags.CodingInProgress = false;
         if (Delimiters(pass, first, last, d.DelimiterStart, d.DelimiterEnd, d.DelimiterColor) ==
             PassResult::Aborted)
@@ -206,11 +209,15 @@ PassResult ColorCode(PaintContext& ctx) {
     Pass pass{ctx};
     const int64_t n = TextSize(ctx);
     PaintClipped(ctx, 0, n, ColorSlot::Text);
+    // With keywords first, the pairs are searched while the keywords are (they are painted
+    // over them afterwards); the keyword stage leaves no flag set that would stop them.
+    std::optional<DelimiterScan> ahead;
+    if (ctx.Settings.CodeOrder) ahead.emplace(ScanFor(ctx));
     auto delimiters = [&] {
         if (ctx.Progress) ctx.Progress(kCodingDelimitersCaption);
-        return AllDelimiters(pass, 0, n, true, false);
+        return ahead ? PaintScanned(pass, *ahead) : AllDelimiters(pass, 0, n, true, false);
     };
-    auto keywords = [&] { return AllKeywords(pass, 0, n, true); };
+    auto keywords = [&] { return AllKeywords(pass, 0, n, true, ahead ? &*ahead : nullptr); };
     if (!Stages(ctx.Settings.CodeOrder, keywords, delimiters)) return PassResult::Aborted;
     ctx.Flags.ChangedHighLight = false;
     ctx.Flags.CodingInProgress = false;
