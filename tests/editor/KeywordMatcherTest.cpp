@@ -73,6 +73,39 @@ TEST(KeywordMatcher, LongStretchesOnTwoThreads) {
     }
 }
 
+// Words of 15 to 20 bytes around the 16 that a lookup key holds, once in a short list (one
+// place per word) and once among 3,000 others (too many for that: two places per word).
+TEST(KeywordMatcher, LongWordsAndLongLists) {
+    const std::vector<std::string> longWords = {"abcdefghijklmno",   "abcdefghijklmnop",
+                                                "abcdefghijklmnopq", "abcdefghijklmnopqrst",
+                                                "ABCDEFGHIJKLMNOPQ", "abcdefghijklmnop1x"};
+    std::vector<std::string> many;
+    for (int i = 0; i < 3000; ++i) {
+        std::string w = "k";
+        for (int v = i; v > 0; v /= 26) w += char('a' + v % 26);
+        many.push_back(w);
+    }
+    for (bool large : {false, true}) {
+        std::mt19937 gen(large ? 3 : 4);
+        auto pick = [&](const std::vector<std::string>& v) {
+            return v[std::uniform_int_distribution<size_t>(0, v.size() - 1)(gen)];
+        };
+        std::string list0, list1;
+        for (size_t i = 0; i < longWords.size(); i += 2) list0 += longWords[i] + kKeywordSeparator;
+        for (size_t i = 1; i < longWords.size(); i += 2) list1 += longWords[i] + kKeywordSeparator;
+        if (large)
+            for (auto& w : many) list1 += w + kKeywordSeparator;
+        const std::vector<std::string> gaps = {" ", "1", "\r\n", "(", "x"};
+        std::string text;
+        while (text.size() < 40000) text += (gen() % 2 ? pick(longWords) : pick(many)) + pick(gaps);
+        for (bool caseSensitive : {true, false}) {
+            const KeywordMatcher m({list0, list1, ""}, caseSensitive);
+            EXPECT_EQ(Painted(m, text, 0), Painted(m, text, int64_t(1) << 62))
+                << (large ? "long list" : "short list") << (caseSensitive ? "" : ", any case");
+        }
+    }
+}
+
 TEST(KeywordMatcher, HidesOwnFinds) {
     struct Case {
         const char* keyword;

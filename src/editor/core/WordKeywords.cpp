@@ -71,6 +71,42 @@ WordKeywords::WordKeywords(const std::vector<std::string>& patterns,
             break;
         }
     }
+    PlaceEachOnce(slots.size());
+}
+
+void WordKeywords::PlaceEachOnce(size_t words) {
+    // With w words in p places a seed puts no two in one place with a chance of about
+    // exp(-w * w / 2p); from 8 places a word on, a few seeds find one for any list of up to
+    // a few hundred lead words.
+    constexpr size_t kMostPlaces = 16384;
+    constexpr int kSeeds = 64;
+    uint64_t seed = 0x2545F4914F6CDD1Dull;
+    for (size_t size = 64; size <= kMostPlaces; size *= 2) {
+        if (size < 8 * words) continue;
+        const unsigned shift = 64 - unsigned(std::countr_zero(size));
+        for (int attempt = 0; attempt < kSeeds; ++attempt) {
+            seed = (seed * 6364136223846793005ull + 1442695040888963407ull) | 1;
+            std::vector<Key> keys(size, Key{0, 0});
+            std::vector<uint32_t> places(size, 0);
+            bool apart = true;
+            for (uint32_t t = 0; t < table_.size() && apart; ++t) {
+                const Slot& slot = table_[t];
+                if (!slot.length) continue;
+                const Key key{slot.head, slot.head2};
+                const size_t at = size_t((Mix(key, slot.length) * seed) >> shift);
+                apart = keys[at].head == 0; // a word's key is never all zero
+                keys[at] = key;
+                places[at] = t;
+            }
+            if (apart) {
+                oneKeys_ = std::move(keys);
+                oneSlots_ = std::move(places);
+                oneSeed_ = seed;
+                oneShift_ = shift;
+                return;
+            }
+        }
+    }
 }
 
 bool WordKeywords::Place(std::vector<Slot>& table, Slot slot, uint64_t seed1,

@@ -89,7 +89,9 @@ class WordKeywords {
         uint64_t head, head2;
     };
     Key KeyOf(const unsigned char* p, int64_t length, int64_t available) const;
+    static uint64_t Mix(const Key& key, int64_t length);
     size_t Hash(const Key& key, int64_t length, uint64_t seed) const;
+    void PlaceEachOnce(size_t words);
     bool Place(std::vector<Slot>& table, Slot slot, uint64_t seed1, uint64_t seed2) const;
     const Slot* Find(const unsigned char* p, int64_t length, int64_t available) const;
     void AtWord(std::string_view s, int64_t start, int64_t end, const Slot& slot,
@@ -108,19 +110,27 @@ class WordKeywords {
     unsigned hashShift_ = 0;
     uint64_t seed1_ = 0, seed2_ = 0;
     std::vector<Slot> table_; // at most half full
+    // The lead words again, each at the one place a single hash gives it, when a table small
+    // enough to stay in the cache allows that: a lookup is then one load and no choice.
+    std::vector<Key> oneKeys_;       // empty: no such table, lookups use both places
+    std::vector<uint32_t> oneSlots_; // per place: the index into table_ of its word
+    uint64_t oneSeed_ = 0;
+    unsigned oneShift_ = 0;
 };
+
+// Masks keeping the first 0 to 8 bytes of eight.
+inline constexpr uint64_t kKeepBytes[9] = {0,
+                                           0xFFull,
+                                           0xFFFFull,
+                                           0xFFFFFFull,
+                                           0xFFFFFFFFull,
+                                           0xFFFFFFFFFFull,
+                                           0xFFFFFFFFFFFFull,
+                                           0xFFFFFFFFFFFFFFull,
+                                           ~0ull};
 
 inline WordKeywords::Key WordKeywords::KeyOf(const unsigned char* p, int64_t length,
                                              int64_t available) const {
-    static constexpr uint64_t kKeep[9] = {0,
-                                          0xFFull,
-                                          0xFFFFull,
-                                          0xFFFFFFull,
-                                          0xFFFFFFFFull,
-                                          0xFFFFFFFFFFull,
-                                          0xFFFFFFFFFFFFull,
-                                          0xFFFFFFFFFFFFFFull,
-                                          ~0ull};
     Key key;
     if (available >= 16) [[likely]] {
         std::memcpy(&key.head, p, 8);
@@ -131,8 +141,8 @@ inline WordKeywords::Key WordKeywords::KeyOf(const unsigned char* p, int64_t len
         std::memcpy(&key.head, copy, 8);
         std::memcpy(&key.head2, copy + 8, 8);
     }
-    key.head &= kKeep[std::clamp<int64_t>(length, 0, 8)];
-    key.head2 &= kKeep[std::clamp<int64_t>(length - 8, 0, 8)];
+    key.head &= kKeepBytes[std::clamp<int64_t>(length, 0, 8)];
+    key.head2 &= kKeepBytes[std::clamp<int64_t>(length - 8, 0, 8)];
     if (!caseSensitive_) {
         key.head = FoldAscii8(key.head);
         key.head2 = FoldAscii8(key.head2);
@@ -140,8 +150,12 @@ inline WordKeywords::Key WordKeywords::KeyOf(const unsigned char* p, int64_t len
     return key;
 }
 
+inline uint64_t WordKeywords::Mix(const Key& key, int64_t length) {
+    return key.head ^ (key.head2 >> 1) ^ uint64_t(length);
+}
+
 inline size_t WordKeywords::Hash(const Key& key, int64_t length, uint64_t seed) const {
-    return size_t(((key.head ^ (key.head2 >> 1) ^ uint64_t(length)) * seed) >> hashShift_);
+    return size_t((Mix(key, length) * seed) >> hashShift_);
 }
 
 template <typename F>
@@ -195,21 +209,57 @@ bool WordKeywords::ScanWords(std::string_view s, int64_t from, int64_t to, F&& w
         }
         pending = (k & 1) ? edges[k - 1] : -1;
         size_t m = 0;
-        for (size_t i = 0; i + 1 < k; i += 2) {
-            const int64_t start = edges[i], length = edges[i + 1] - start;
-            const Key key = KeyOf(text + start, length, n - start);
-            const Slot& s1 = table_[Hash(key, length, seed1_)];
-            const Slot& s2 = table_[Hash(key, length, seed2_)];
-            const bool m1 =
-                (s1.head == key.head) & (s1.head2 == key.head2) & (s1.length == uint64_t(length));
-            const bool m2 =
-                (s2.head == key.head) & (s2.head2 == key.head2) & (s2.length == uint64_t(length));
-            hits[m] = {start, start + length, m1 ? &s1 : &s2};
-            m += m1 | m2;
+        if (!oneKeys_.empty()) {
+            // Words with 16 bytes of text from their start are read whole; the few at the
+            // very end of the text are looked up one by one.
+            size_t whole16 = k & ~size_t(1);
+            while (whole16 > 0 && edges[whole16 - 2] + 16 > n) whole16 -= 2;
+            auto lookup = [&]<bool kFold>() {
+                for (size_t i = 0; i < whole16; i += 2) {
+                    const int64_t start = edges[i], length = edges[i + 1] - start;
+                    Key key;
+                    std::memcpy(&key.head, text + start, 8);
+                    std::memcpy(&key.head2, text + start + 8, 8);
+                    key.head &= kKeepBytes[std::min<int64_t>(length, 8)];
+                    key.head2 &= kKeepBytes[std::clamp<int64_t>(length - 8, 0, 8)];
+                    if constexpr (kFold) {
+                        key.head = FoldAscii8(key.head);
+                        key.head2 = FoldAscii8(key.head2);
+                    }
+                    const size_t at = size_t((Mix(key, length) * oneSeed_) >> oneShift_);
+                    const Key& place = oneKeys_[at];
+                    hits[m] = {start, start + length, &table_[oneSlots_[at]]};
+                    m += ((place.head ^ key.head) | (place.head2 ^ key.head2)) == 0;
+                }
+            };
+            if (caseSensitive_)
+                lookup.template operator()<false>();
+            else
+                lookup.template operator()<true>();
+            for (size_t i = whole16; i + 1 < k; i += 2) {
+                const int64_t start = edges[i], end = edges[i + 1];
+                if (const Slot* slot = Find(text + start, end - start, n - start))
+                    hits[m++] = {start, end, slot};
+            }
+        } else {
+            for (size_t i = 0; i + 1 < k; i += 2) {
+                const int64_t start = edges[i], length = edges[i + 1] - start;
+                const Key key = KeyOf(text + start, length, n - start);
+                const Slot& s1 = table_[Hash(key, length, seed1_)];
+                const Slot& s2 = table_[Hash(key, length, seed2_)];
+                const bool m1 = (s1.head == key.head) & (s1.head2 == key.head2) &
+                                (s1.length == uint64_t(length));
+                const bool m2 = (s2.head == key.head) & (s2.head2 == key.head2) &
+                                (s2.length == uint64_t(length));
+                hits[m] = {start, start + length, m1 ? &s1 : &s2};
+                m += m1 | m2;
+            }
         }
         for (size_t i = 0; i < m; ++i) {
             const Hit& h = hits[i];
-            if (h.slot->length <= 16 || Equal(text + h.start, words_[h.slot->word], 16))
+            // The key holds 16 bytes: a longer word is checked on.
+            if (h.slot->length <= 16 || (h.end - h.start == h.slot->length &&
+                                         Equal(text + h.start, words_[h.slot->word], 16)))
                 other(h.start, h.end, *h.slot);
         }
         if (tick && !tick(e - b)) return false;
