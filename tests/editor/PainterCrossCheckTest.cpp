@@ -172,7 +172,14 @@ TEST(PainterCrossCheck, LongTexts) {
         std::string text;
         while (text.size() < (seed <= 4 ? 150000u : 1300000u)) text += r.Pick(words);
         Pair p(r, text);
-        if (seed > 4) p.fast.settings.CodeOrder = seed == 5;
+        if (seed > 4) {
+            // Pairs near and far apart, one of them across the middle of the text.
+            p.fast.settings.CodeOrder = seed == 5;
+            p.fast.settings.Delimiters = {};
+            p.fast.settings.Delimiters[0] = {"/* ", " */", 1};
+            p.fast.settings.Delimiters[2] = {"if", "elif", 2};
+            p.fast.settings.Delimiters[3] = {"\"", "\"", 0};
+        }
         p.fast.settings.Keywords = {"int\xFF"
                                     "for\xFF",
                                     "if\xFF"

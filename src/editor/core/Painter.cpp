@@ -8,6 +8,7 @@
 #include <cstring>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -140,6 +141,24 @@ DelimiterScan ScanFor(const PaintContext& ctx) {
     return DelimiterScan(ctx.Text, std::move(pairs));
 }
 
+// Paints the pairs found, in table order, over positions lo to hi - 1 of the target's bytes.
+// A pair's spans follow each other, their ends too.
+void PaintSpans(const DelimiterScan& scan, const std::vector<ColorSlot>& slots, uint8_t* bytes,
+                int64_t lo, int64_t hi) {
+    for (size_t p = 0; p < slots.size(); ++p) {
+        const auto& spans = scan.Spans(p);
+        auto i = std::partition_point(spans.begin(), spans.end(),
+                                      [&](const auto& s) { return s.start + s.length <= lo; });
+        for (; i != spans.end() && i->start < hi; ++i) {
+            const int64_t a = std::max(i->start, lo), b = std::min(i->start + i->length, hi);
+            std::memset(bytes + a, int(slots[p]), size_t(b - a));
+        }
+    }
+}
+
+// Texts from this length on have their pairs painted on two threads.
+constexpr int64_t kPaintOnTwoThreadsFrom = 1 << 20;
+
 // The delimiter stage of a whole-document pass from a search made ahead (or part of it): the
 // rest of the search, then each entry's pairs painted in table order, with the flags and the
 // clamped colour class that the delimiter coder leaves.
@@ -151,19 +170,24 @@ PassResult PaintScanned(Pass& pass, DelimiterScan& scan) {
         scan.Advance(from + kStep);
         if (!pass.pacer.Tick(scan.Reached() - from)) return Abort(ctx);
     }
-    // The pairs lie inside the text: where the target holds it in one piece, they go
-    // straight into its bytes.
-    uint8_t* direct = ctx.Target.Direct(0, TextSize(ctx));
-    size_t pair = 0;
+    std::vector<ColorSlot> slots;
     for (auto& d : ctx.Settings.Delimiters) {
         if (!Searched(d)) continue;
         if (d.DelimiterColor > 3 || d.DelimiterColor < 1) d.DelimiterColor = 1;
-        const ColorSlot slot = DelimiterSlot(d.DelimiterColor);
-        for (auto& span : scan.Spans(pair++))
-            if (direct)
-                std::memset(direct + span.start, int(slot), size_t(span.length));
-            else
-                ctx.Target.Paint(span.start, span.length, slot);
+        slots.push_back(DelimiterSlot(d.DelimiterColor));
+    }
+    const int64_t n = TextSize(ctx);
+    uint8_t* direct = ctx.Target.Direct(0, n);
+    if (!direct) {
+        for (size_t p = 0; p < slots.size(); ++p)
+            for (auto& span : scan.Spans(p)) ctx.Target.Paint(span.start, span.length, slots[p]);
+    } else if (n < kPaintOnTwoThreadsFrom) {
+        PaintSpans(scan, slots, direct, 0, n);
+    } else {
+        // Straight into the target's bytes, each half of the text on its own thread.
+        const int64_t mid = n / 2;
+        std::jthread other([&] { PaintSpans(scan, slots, direct, mid, n); });
+        PaintSpans(scan, slots, direct, 0, mid);
     }
     ctx.Flags.CodingInProgress = false;
     ctx.Flags.ChangedHighLight = false;
