@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
         editor.DeferStyles(painted.Base(), painted.TakeBytes());
     };
     // A new store replaces the whole old one, so every run starts from the same state.
-    double shown = bench::BestOf(3, [&] {
+    double shown = bench::BestOf(5, [&] {
         defer();
         editor.SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, firstScreen);
     });

@@ -158,8 +158,11 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
         // Rounds, each cut into pieces where no word is, which two threads take in turn;
         // between rounds the tick may run the event loop, which no other thread may be
         // reading the text during.
+        // The keywords that are not looked up by word are searched on the second thread
+        // first, in the first round, with no tick: a sparse search takes little time.
         std::vector<int64_t> cuts;
         std::vector<std::vector<KeywordFind>> pieceFinds;
+        std::vector<KeywordFind> sparse;
         for (int64_t r = 0; r < n;) {
             const int64_t end = WordBoundaryFrom(s, std::min(n, r + kRound));
             cuts.assign(1, r);
@@ -180,7 +183,10 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
                 }
             };
             {
-                std::jthread worker(scan);
+                std::jthread worker([&, first = r == 0] {
+                    if (first && !gaps_->Empty()) gaps_->FindSparse(s, sparse, {});
+                    scan();
+                });
                 if (alongside) alongside(end);
                 scan();
             }
@@ -188,13 +194,14 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
             if (tick && !tick(end - r)) return false;
             r = end;
         }
+        finds.insert(finds.end(), sparse.begin(), sparse.end());
     } else {
         auto word = [&](int64_t start, uint32_t k) {
             target.Paint(base + start, lengths_[k], slotOf(k));
         };
         if (!words_->ScanWords(s, 0, n, word, finds, tick)) return false;
+        if (!gaps_->Empty() && !gaps_->FindSparse(s, finds, tick)) return false;
     }
-    if (!gaps_->Empty() && !gaps_->FindSparse(s, finds, tick)) return false;
     words_->EdgeFinds(s, finds);
     if (finds.empty()) return true;
     // The other finds may overlap words and each other: they are painted in the coder's

@@ -16,10 +16,17 @@ void SlotBuffer::Paint(int64_t start, int64_t length, ColorSlot slot) {
         base_ = start;
     }
     int64_t end = start + length - base_;
-    if (end > Size()) {
+    if (const int64_t old = Size(); end > old) {
         // Grow geometrically so that a run of paints behind the window stays linear.
         if (size_t(end) > slots_.capacity())
             slots_.reserve(std::max(size_t(end), slots_.capacity() * 2));
+        if (start - base_ <= old) {
+            // Nothing is left unpainted: the new part is made with the slot (a whole
+            // document painted as text goes over its bytes once).
+            slots_.resize(size_t(end), uint8_t(slot));
+            std::memset(slots_.data() + (start - base_), int(slot), size_t(old - (start - base_)));
+            return;
+        }
         slots_.resize(size_t(end), kNotPainted);
     }
     std::memset(slots_.data() + (start - base_), int(slot), size_t(length));
