@@ -157,9 +157,8 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
     if (uint8_t* direct = target.Direct(base, n); direct && n >= kTwoThreadsFrom) {
         // Rounds, each cut into pieces where no word is, which two threads take in turn;
         // between rounds the tick may run the event loop, which no other thread may be
-        // reading the text during.
-        // The keywords that are not looked up by word are searched on the second thread
-        // first, in the first round, with no tick: a sparse search takes little time.
+        // reading the text during. In the first round the second thread first searches the
+        // keywords that are not looked up by word, with no tick: a sparse search is quick.
         std::vector<int64_t> cuts;
         std::vector<std::vector<KeywordFind>> pieceFinds;
         std::vector<KeywordFind> sparse;
