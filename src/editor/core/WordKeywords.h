@@ -16,6 +16,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -173,8 +174,11 @@ bool WordKeywords::ScanWords(std::string_view s, int64_t from, int64_t to, F&& w
         int64_t start, end;
         const Slot* slot;
     };
-    std::vector<int64_t> edges(size_t(kBlock + 8));
-    std::vector<Hit> hits(size_t(kBlock / 2 + 1));
+    // Scratch for one block, left uninitialised and no larger than the stretch: the matcher
+    // scans a long text in many short pieces.
+    const size_t room = size_t(std::min(kBlock, std::max<int64_t>(to - from, 0)));
+    const auto edges = std::make_unique_for_overwrite<int64_t[]>(room + 8);
+    const auto hits = std::make_unique_for_overwrite<Hit[]>(room / 2 + 1);
     auto other = [&](int64_t start, int64_t end, const Slot& slot) {
         if (slot.whole >= 0) whole(start, ids_[size_t(slot.whole)]);
         if (slot.leadFrom != slot.leadTo) AtWord(s, start, end, slot, finds);
@@ -199,7 +203,7 @@ bool WordKeywords::ScanWords(std::string_view s, int64_t from, int64_t to, F&& w
             if (g + 64 > e) bits &= (uint64_t(1) << (e - g)) - 1;
             carry = mask >> 63;
             const int count = CountBits(bits);
-            int64_t* w = edges.data() + k;
+            int64_t* w = edges.get() + k;
             for (int i = 0; i < count; i += 4)
                 for (int j = 0; j < 4; ++j) {
                     w[i + j] = g + std::countr_zero(bits);
