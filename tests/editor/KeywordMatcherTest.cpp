@@ -106,6 +106,23 @@ TEST(KeywordMatcher, LongWordsAndLongLists) {
     }
 }
 
+// A word of more than 16 bytes has the key of the 16-byte lead word that it begins with; a
+// lookup that lands on that lead word's place must still tell the two apart.
+TEST(KeywordMatcher, WordsLongerThanASixteenByteKeyword) {
+    // Short lists, each in a small table with a seed of its own, so that some of the longer
+    // words land on their lead word's place.
+    for (char list = 'a'; list < 'k'; ++list) {
+        std::string keywords, text;
+        for (char i = 'a'; i < 'i'; ++i) {
+            const std::string w = "sixteen_bytes_" + std::string{list, i};
+            keywords += w + kKeywordSeparator;
+            for (size_t more = 1; more <= 60; ++more) text += w + std::string(more, 'z') + " ";
+        }
+        const KeywordMatcher m({keywords}, true);
+        EXPECT_EQ(Painted(m, text, 0), Painted(m, text, int64_t(1) << 62)) << list;
+    }
+}
+
 TEST(KeywordMatcher, HidesOwnFinds) {
     struct Case {
         const char* keyword;

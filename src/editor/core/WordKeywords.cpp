@@ -1,11 +1,16 @@
 #include "editor/core/WordKeywords.h"
 
+#include "editor/core/CpuFeatures.h"
+
 #include <bit>
 #include <cstring>
 #include <map>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
+#endif
+#if defined(KESTRUM_AVX2_FUNCTION)
+#include <immintrin.h>
 #endif
 
 bool HidesOwnFinds(std::string_view k) {
@@ -159,14 +164,24 @@ void WordKeywords::AtWord(std::string_view s, int64_t start, int64_t end, const 
     }
 }
 
-uint64_t WordKeywords::WordMask(const unsigned char* p) {
+namespace {
+
+// The places where words start or end in groups of 64 bytes, one bit a byte: a word byte
+// whose predecessor is none, or the other way round. The set bits alternate between starts
+// and ends. Each writes the places of `groups` whole groups from text[g] on to edges and
+// gives their count; edges gets up to three more entries of scratch behind them.
+using CutGroups = size_t (*)(const unsigned char* text, int64_t g, int64_t groups, uint64_t& carry,
+                             int64_t* edges);
+
+// The word bytes of the 64 at p, as bits.
+uint64_t WordMask(const unsigned char* p) {
 #if defined(__SSE2__)
     const __m128i a = _mm_set1_epi8(65);
     uint64_t mask = 0;
-    for (int k = 0; k < 4; ++k) {
-        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * k));
+    for (int q = 0; q < 4; ++q) {
+        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * q));
         const __m128i word = _mm_cmpeq_epi8(_mm_max_epu8(x, a), x); // x >= 65, unsigned
-        mask |= uint64_t(uint32_t(_mm_movemask_epi8(word)) & 0xFFFF) << (16 * k);
+        mask |= uint64_t(uint32_t(_mm_movemask_epi8(word)) & 0xFFFF) << (16 * q);
     }
     return mask;
 #else
@@ -174,6 +189,130 @@ uint64_t WordKeywords::WordMask(const unsigned char* p) {
     for (int i = 0; i < 64; ++i) mask |= uint64_t(IsWordByte(p[i])) << i;
     return mask;
 #endif
+}
+
+size_t CutGroupsPlain(const unsigned char* text, int64_t g, int64_t groups, uint64_t& carry,
+                      int64_t* edges) {
+    size_t k = 0;
+    for (const int64_t end = g + 64 * groups; g < end; g += 64) {
+        const uint64_t mask = WordMask(text + g);
+        uint64_t bits = mask ^ ((mask << 1) | carry);
+        carry = mask >> 63;
+        // Four at a time, whatever the count: no branch per place.
+        const int count = CountBits(bits);
+        for (int i = 0; i < count; i += 4)
+            for (int j = 0; j < 4; ++j) {
+                edges[k + size_t(i + j)] = g + std::countr_zero(bits);
+                bits &= bits - 1;
+            }
+        k += size_t(count);
+    }
+    return k;
+}
+
+#if defined(KESTRUM_AVX2_FUNCTION)
+// The same with 32 bytes a compare and the processor's own bit counting.
+KESTRUM_AVX2_FUNCTION size_t CutGroupsAvx2(const unsigned char* text, int64_t g, int64_t groups,
+                                           uint64_t& carry, int64_t* edges) {
+    const __m256i a = _mm256_set1_epi8(65);
+    size_t k = 0;
+    for (const int64_t end = g + 64 * groups; g < end; g += 64) {
+        const __m256i x0 = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text + g));
+        const __m256i x1 = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text + g + 32));
+        const __m256i w0 = _mm256_cmpeq_epi8(_mm256_max_epu8(x0, a), x0);
+        const __m256i w1 = _mm256_cmpeq_epi8(_mm256_max_epu8(x1, a), x1);
+        const uint64_t mask = uint64_t(uint32_t(_mm256_movemask_epi8(w0))) |
+                              uint64_t(uint32_t(_mm256_movemask_epi8(w1))) << 32;
+        uint64_t bits = mask ^ ((mask << 1) | carry);
+        carry = mask >> 63;
+        const int count = int(_mm_popcnt_u64(bits));
+        for (int i = 0; i < count; i += 4)
+            for (int j = 0; j < 4; ++j) {
+                edges[k + size_t(i + j)] = g + int64_t(_tzcnt_u64(bits));
+                bits = _blsr_u64(bits);
+            }
+        k += size_t(count);
+    }
+    return k;
+}
+#endif
+
+CutGroups ChooseCutGroups() {
+#if defined(KESTRUM_AVX2_FUNCTION)
+    if (UseAvx2()) return CutGroupsAvx2;
+#endif
+    return CutGroupsPlain;
+}
+
+} // namespace
+
+size_t WordKeywords::CutWords(const unsigned char* text, int64_t b, int64_t e, bool& carry,
+                              int64_t* edges) {
+    static const CutGroups cutGroups = ChooseCutGroups();
+    uint64_t in = carry;
+    const int64_t groups = (e - b) / 64, tail = b + 64 * groups;
+    size_t k = cutGroups(text, b, groups, in, edges);
+    for (int64_t i = tail; i < e; ++i) {
+        const uint64_t word = IsWordByte(text[i]);
+        if (word != in) edges[k++] = i;
+        in = word;
+    }
+    carry = in != 0;
+    return k;
+}
+
+size_t WordKeywords::LookUp(std::string_view s, const int64_t* edges, size_t count,
+                            Hit* hits) const {
+    const auto* text = reinterpret_cast<const unsigned char*>(s.data());
+    const int64_t n = int64_t(s.size());
+    size_t m = 0;
+    if (oneKeys_.empty()) {
+        for (size_t i = 0; i < count; i += 2) {
+            const int64_t start = edges[i], length = edges[i + 1] - start;
+            const Key key = KeyOf(text + start, length, n - start);
+            const Slot& s1 = table_[Hash(key, length, seed1_)];
+            const Slot& s2 = table_[Hash(key, length, seed2_)];
+            const bool m1 =
+                (s1.head == key.head) & (s1.head2 == key.head2) & (s1.length == uint64_t(length));
+            const bool m2 =
+                (s2.head == key.head) & (s2.head2 == key.head2) & (s2.length == uint64_t(length));
+            hits[m] = {start, start + length, m1 ? &s1 : &s2};
+            m += m1 | m2;
+        }
+        return m;
+    }
+    // Words with 16 bytes of text from their start are read whole; the few at the very end of
+    // the text are looked up one by one.
+    size_t whole16 = count;
+    while (whole16 > 0 && edges[whole16 - 2] + 16 > n) whole16 -= 2;
+    auto lookUp = [&]<bool kFold>() {
+        for (size_t i = 0; i < whole16; i += 2) {
+            const int64_t start = edges[i], length = edges[i + 1] - start;
+            Key key;
+            std::memcpy(&key.head, text + start, 8);
+            std::memcpy(&key.head2, text + start + 8, 8);
+            key.head &= kKeepBytes[std::min<int64_t>(length, 8)];
+            key.head2 &= kKeepBytes[std::clamp<int64_t>(length - 8, 0, 8)];
+            if constexpr (kFold) {
+                key.head = FoldAscii8(key.head);
+                key.head2 = FoldAscii8(key.head2);
+            }
+            const size_t at = size_t((Mix(key, length) * oneSeed_) >> oneShift_);
+            const Key& place = oneKeys_[at];
+            hits[m] = {start, start + length, &table_[oneSlots_[at]]};
+            m += ((place.head ^ key.head) | (place.head2 ^ key.head2)) == 0;
+        }
+    };
+    if (caseSensitive_)
+        lookUp.template operator()<false>();
+    else
+        lookUp.template operator()<true>();
+    for (size_t i = whole16; i < count; i += 2) {
+        const int64_t start = edges[i], end = edges[i + 1];
+        if (const Slot* slot = Find(text + start, end - start, n - start))
+            hits[m++] = {start, end, slot};
+    }
+    return m;
 }
 
 void WordKeywords::WordsOverlapping(std::string_view s, int64_t from, int64_t to,

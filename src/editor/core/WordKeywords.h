@@ -99,7 +99,20 @@ class WordKeywords {
                 std::vector<KeywordFind>& finds) const;
     bool Equal(const unsigned char* p, const std::string& pattern, size_t from) const;
     bool FoundAt(std::string_view s, int64_t at, const std::string& pattern) const;
-    static uint64_t WordMask(const unsigned char* p);
+    struct Hit {
+        int64_t start, end;
+        const Slot* slot;
+    };
+    // Room that CutWords may write behind the edges it gives.
+    static constexpr size_t kEdgeSlack = 8;
+    // Writes the places in text[b, e) where words start or end to edges and gives their
+    // count; carry tells whether the byte in front of b is a word byte, and is left telling
+    // that of the byte in front of e.
+    static size_t CutWords(const unsigned char* text, int64_t b, int64_t e, bool& carry,
+                           int64_t* edges);
+    // Writes the words of the given start and end places that are lead words to hits and
+    // gives their count. A hit of a lead word longer than 16 bytes is to be checked on.
+    size_t LookUp(std::string_view s, const int64_t* edges, size_t count, Hit* hits) const;
 
     bool caseSensitive_;
     std::vector<std::string> patterns_;
@@ -170,14 +183,10 @@ bool WordKeywords::ScanWords(std::string_view s, int64_t from, int64_t to, F&& w
     // then what those give. The first two steps have no branch that depends on the text, so
     // that the processor does not guess wrong at every other word.
     constexpr int64_t kBlock = 64 << 10;
-    struct Hit {
-        int64_t start, end;
-        const Slot* slot;
-    };
     // Scratch for one block, left uninitialised and no larger than the stretch: the matcher
     // scans a long text in many short pieces.
     const size_t room = size_t(std::min(kBlock, std::max<int64_t>(to - from, 0)));
-    const auto edges = std::make_unique_for_overwrite<int64_t[]>(room + 8);
+    const auto edges = std::make_unique_for_overwrite<int64_t[]>(room + kEdgeSlack);
     const auto hits = std::make_unique_for_overwrite<Hit[]>(room / 2 + 1);
     auto other = [&](int64_t start, int64_t end, const Slot& slot) {
         if (slot.whole >= 0) whole(start, ids_[size_t(slot.whole)]);
@@ -185,85 +194,20 @@ bool WordKeywords::ScanWords(std::string_view s, int64_t from, int64_t to, F&& w
     };
     int64_t pending = -1; // the start of a word that goes on into the next block
     // Whether the byte in front of the group is a word byte: then the first one is no start.
-    uint64_t carry = from > 0 && IsWordByte(text[from - 1]);
+    bool carry = from > 0 && IsWordByte(text[from - 1]);
     for (int64_t b = from; b < to; b += kBlock) {
         const int64_t e = std::min(to, b + kBlock);
         size_t k = 0;
         if (pending >= 0) edges[k++] = pending;
-        for (int64_t g = b; g < e; g += 64) {
-            uint64_t mask;
-            if (g + 64 <= e) {
-                mask = WordMask(text + g);
-            } else {
-                mask = 0;
-                for (int64_t i = g; i < e; ++i) mask |= uint64_t(IsWordByte(text[i])) << (i - g);
-            }
-            // Each set bit is a place where a word starts or ends; they alternate.
-            uint64_t bits = mask ^ ((mask << 1) | carry);
-            if (g + 64 > e) bits &= (uint64_t(1) << (e - g)) - 1;
-            carry = mask >> 63;
-            const int count = CountBits(bits);
-            int64_t* w = edges.get() + k;
-            for (int i = 0; i < count; i += 4)
-                for (int j = 0; j < 4; ++j) {
-                    w[i + j] = g + std::countr_zero(bits);
-                    bits &= bits - 1;
-                }
-            k += size_t(count);
-        }
+        k += CutWords(text, b, e, carry, edges.get() + k);
         pending = (k & 1) ? edges[k - 1] : -1;
-        size_t m = 0;
-        if (!oneKeys_.empty()) {
-            // Words with 16 bytes of text from their start are read whole; the few at the
-            // very end of the text are looked up one by one.
-            size_t whole16 = k & ~size_t(1);
-            while (whole16 > 0 && edges[whole16 - 2] + 16 > n) whole16 -= 2;
-            auto lookup = [&]<bool kFold>() {
-                for (size_t i = 0; i < whole16; i += 2) {
-                    const int64_t start = edges[i], length = edges[i + 1] - start;
-                    Key key;
-                    std::memcpy(&key.head, text + start, 8);
-                    std::memcpy(&key.head2, text + start + 8, 8);
-                    key.head &= kKeepBytes[std::min<int64_t>(length, 8)];
-                    key.head2 &= kKeepBytes[std::clamp<int64_t>(length - 8, 0, 8)];
-                    if constexpr (kFold) {
-                        key.head = FoldAscii8(key.head);
-                        key.head2 = FoldAscii8(key.head2);
-                    }
-                    const size_t at = size_t((Mix(key, length) * oneSeed_) >> oneShift_);
-                    const Key& place = oneKeys_[at];
-                    hits[m] = {start, start + length, &table_[oneSlots_[at]]};
-                    m += ((place.head ^ key.head) | (place.head2 ^ key.head2)) == 0;
-                }
-            };
-            if (caseSensitive_)
-                lookup.template operator()<false>();
-            else
-                lookup.template operator()<true>();
-            for (size_t i = whole16; i + 1 < k; i += 2) {
-                const int64_t start = edges[i], end = edges[i + 1];
-                if (const Slot* slot = Find(text + start, end - start, n - start))
-                    hits[m++] = {start, end, slot};
-            }
-        } else {
-            for (size_t i = 0; i + 1 < k; i += 2) {
-                const int64_t start = edges[i], length = edges[i + 1] - start;
-                const Key key = KeyOf(text + start, length, n - start);
-                const Slot& s1 = table_[Hash(key, length, seed1_)];
-                const Slot& s2 = table_[Hash(key, length, seed2_)];
-                const bool m1 = (s1.head == key.head) & (s1.head2 == key.head2) &
-                                (s1.length == uint64_t(length));
-                const bool m2 = (s2.head == key.head) & (s2.head2 == key.head2) &
-                                (s2.length == uint64_t(length));
-                hits[m] = {start, start + length, m1 ? &s1 : &s2};
-                m += m1 | m2;
-            }
-        }
+        const size_t m = LookUp(s, edges.get(), k & ~size_t(1), hits.get());
         for (size_t i = 0; i < m; ++i) {
             const Hit& h = hits[i];
-            // The key holds 16 bytes: a longer word is checked on.
-            if (h.slot->length <= 16 || (h.end - h.start == h.slot->length &&
-                                         Equal(text + h.start, words_[h.slot->word], 16)))
+            // The key holds 16 bytes: a longer word may share it with a lead word of 16 bytes,
+            // and the rest of a longer lead word is compared here.
+            if (h.end - h.start == h.slot->length &&
+                (h.slot->length <= 16 || Equal(text + h.start, words_[h.slot->word], 16)))
                 other(h.start, h.end, *h.slot);
         }
         if (tick && !tick(e - b)) return false;
