@@ -110,8 +110,9 @@ class WordKeywords {
     // that of the byte in front of e.
     static size_t CutWords(const unsigned char* text, int64_t b, int64_t e, bool& carry,
                            int64_t* edges);
-    // Writes the words of the given start and end places that are lead words to hits and
-    // gives their count. A hit of a lead word longer than 16 bytes is to be checked on.
+    // Writes the words of the given start and end places that may be lead words to hits and
+    // gives their count. Their keys agree; the length, and the rest of a lead word longer
+    // than 16 bytes, are to be checked on.
     size_t LookUp(std::string_view s, const int64_t* edges, size_t count, Hit* hits) const;
 
     bool caseSensitive_;
