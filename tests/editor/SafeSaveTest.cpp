@@ -61,16 +61,22 @@ TEST_F(SafeSaveTest, PathsThatCannotBeFilesFailWithAReason) {
     EXPECT_EQ(ReadFileBytes(notAFolder), kOld);
 }
 
+// A full disk fails the save and leaves the old file, whether the new contents went to a new
+// file beside it or, where the folder takes no new files, over it in place and were taken back.
 TEST_F(SafeSaveTest, AFullDiskLeavesTheOldFileAndNoTemporaryFile) {
-    std::string target = dir.write("keep.txt", kOld);
-    QString error;
-    {
-        FileSizeLimit full(4096);
-        EXPECT_FALSE(Save(target, kLarge, &error));
+    for (bool inPlace : {false, true}) {
+        SetTemporaryFilesRefusedForTesting(inPlace);
+        std::string target = dir.write("keep.txt", kOld);
+        QString error;
+        {
+            FileSizeLimit full(4096);
+            EXPECT_FALSE(Save(target, kLarge, &error)) << inPlace;
+        }
+        EXPECT_FALSE(error.isEmpty()) << inPlace;
+        EXPECT_FALSE(error.contains("put back")) << error.toStdString();
+        EXPECT_EQ(ReadFileBytes(target), kOld) << inPlace;
+        EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"}) << inPlace;
     }
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_EQ(ReadFileBytes(target), kOld);
-    EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"});
 }
 
 // Where no new file may be made beside the old one, the old one is written in place.
@@ -86,19 +92,6 @@ TEST_F(SafeSaveTest, AFolderWithoutRoomForNewFilesIsWrittenInPlace) {
     EXPECT_FALSE(Save(dir.file("new.txt"), "x", &error)); // a new file needs the folder
     EXPECT_EQ(error, "Permission denied");
     EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"});
-}
-
-TEST_F(SafeSaveTest, AFullDiskDuringAnInPlaceWritePutsTheOldContentBack) {
-    SetTemporaryFilesRefusedForTesting(true);
-    std::string target = dir.write("keep.txt", kOld);
-    QString error;
-    {
-        FileSizeLimit full(4096);
-        EXPECT_FALSE(Save(target, kLarge, &error));
-    }
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_FALSE(error.contains("put back")) << error.toStdString();
-    EXPECT_EQ(ReadFileBytes(target), kOld);
 }
 
 TEST_F(SafeSaveTest, TheControlSavesPlainTextOrRichText) {
