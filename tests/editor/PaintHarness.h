@@ -4,12 +4,22 @@
 #include "editor/core/Painter.h"
 
 #include <string>
+#include <utility>
 #include <vector>
+
+// The flag states by name: "running" is CodingInProgress, "stale" ChangedHighLight.
+constexpr PaintFlags kClean{false, false}, kStale{false, true}, kRunningClean{true, false},
+    kRunningStale{true, true};
+
+// The flags in a form that compares and prints: CodingInProgress, ChangedHighLight.
+inline std::pair<bool, bool> FlagPair(PaintFlags f) {
+    return {f.CodingInProgress, f.ChangedHighLight};
+}
 
 struct PaintHarness {
     std::string text;
     EditorSettings settings = EditorSettings::Defaults();
-    PaintFlags flags{false, true};
+    PaintFlags flags = kStale;
     SlotBuffer slots;
     std::vector<std::string> captions;
     PaintContext ctx{text,  settings, flags,

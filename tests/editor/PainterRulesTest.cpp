@@ -1,36 +1,34 @@
-// The painter's rules on small texts. Results are written one character per byte: the slot
-// digit (1 keyword list 0, 2 list 1, 4 "Comment", 5 "Delimiter 1", 6 "Delimiter 2", 0 text)
-// or '.' where nothing was painted.
+// The keyword coder's rules on small texts. Results are written one character per byte: the
+// slot digit (1 keyword list 0, 2 list 1, 3 list 2, 0 text) or '.' where nothing was painted.
 #include "editor/PaintHarness.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-constexpr char kSep = '\xFF';
-
-struct KeywordCase {
-    const char* name;
-    std::string text;
-    std::string list;
-    std::string painted;
-    bool caseSensitive = false;
-    int64_t first = 0, last = -1; // -1: the end of the text
-};
-
+// A list with each word followed by the separator.
 std::string Kw(std::initializer_list<const char*> words) {
     std::string l;
-    for (auto w : words) l += std::string(w) + kSep;
+    for (auto w : words) l += std::string(w) + '\xFF';
     return l;
 }
 
 } // namespace
 
-TEST(PainterKeywords, BoundaryTestAndItsTwoEnds) {
-    const std::vector<KeywordCase> cases = {
+TEST(PainterKeywords, OneList) {
+    struct Case {
+        const char* name;
+        std::string text;
+        std::string list;
+        std::string painted;
+        bool caseSensitive = false;
+        int64_t first = 0, last = -1; // -1: the end of the text
+    };
+    const std::vector<Case> cases = {
+        // A find is coloured when the bytes on both sides are below 65 ("A"); at the stretch's
+        // start or end the side outside is not looked at.
         {"at stretch start, right side ignored", "format", Kw({"for"}), "111..."},
         {"at stretch end, left side ignored", "xfor", Kw({"for"}), ".111"},
-        {"both sides blank", "x for y", Kw({"for"}), "..111.."},
         {"letter before", "xfor y", Kw({"for"}), "......"},
         {"digit before and semicolon after", "2for;", Kw({"for"}), ".111."},
         {"digit after", " for2 ", Kw({"for"}), ".111.."},
@@ -46,42 +44,21 @@ TEST(PainterKeywords, BoundaryTestAndItsTwoEnds) {
         {"range end makes a stretch end", "xfory", Kw({"for"}), ".111.", false, 0, 4},
         {"range beyond the text is cut", "a for", Kw({"for"}), "..111", false, 0, 99},
         {"empty range", "for", Kw({"for"}), "...", false, 2, 2},
-    };
-    for (auto& c : cases) {
-        PaintHarness h(c.text);
-        h.settings.CaseSensitive = c.caseSensitive;
-        int64_t last = c.last < 0 ? int64_t(c.text.size()) : c.last;
-        EXPECT_EQ(KeywordCoder(h.ctx, c.first, last, c.list, ColorSlot::Keywords0, false),
-                  PassResult::Done)
-            << c.name;
-        EXPECT_EQ(h.Show(), c.painted) << c.name;
-    }
-}
 
-TEST(PainterKeywords, SearchResumesOneBehindTheFind) {
-    const std::vector<KeywordCase> cases = {
+        // The search goes on one byte behind a find's end.
         {"adjacent repeat is skipped", "forfor ", Kw({"for"}), "111...."},
         // The first find is not coloured (letter after it), and still the second one, which
         // would be coloured at the stretch end, is never found.
         {"skipped find at the end", " forfor", Kw({"for"}), "......."},
         {"one character between is enough", "for,for", Kw({"for"}), "111.111"},
         {"blank between", " for for", Kw({"for"}), ".111.111"},
-        {"overlapping self", "aaaa", Kw({"aa"}), "11.."},
-        {"overlapping self, five", "aaaaa", Kw({"aa"}), "11.11"},
-    };
-    for (auto& c : cases) {
-        PaintHarness h(c.text);
-        KeywordCoder(h.ctx, 0, int64_t(c.text.size()), c.list, ColorSlot::Keywords0, false);
-        EXPECT_EQ(h.Show(), c.painted) << c.name;
-    }
-}
+        {"overlapping self", "aaaaa", Kw({"aa"}), "11.11"},
 
-TEST(PainterKeywords, ListReading) {
-    const std::vector<KeywordCase> cases = {
+        // Reading the list: trimmed tokens up to the first empty one; only separated words.
         {"tokens are trimmed", "a for b", Kw({"  for  "}), "..111.."},
-        {"empty token ends the list", "for while", "for\xFF\xFFwhile\xFF", "111......"},
-        {"blank token ends the list", "for while", "for\xFF  \xFFwhile\xFF", "111......"},
-        {"no final separator loses the last word", "for while", "for\xFFwhile", "111......"},
+        {"empty token ends the list", "for while", Kw({"for", "", "while"}), "111......"},
+        {"blank token ends the list", "for while", Kw({"for", "  ", "while"}), "111......"},
+        {"no final separator loses the last word", "for while", Kw({"for"}) + "while", "111......"},
         {"no separator at all", "for", "for", "..."},
         {"phrase with a blank", "x end if;", Kw({"end if"}), "..111111."},
         {"phrase inner blanks kept", "end  if", Kw({"end if"}), "......."},
@@ -95,18 +72,20 @@ TEST(PainterKeywords, ListReading) {
     for (auto& c : cases) {
         PaintHarness h(c.text);
         h.settings.CaseSensitive = c.caseSensitive;
-        KeywordCoder(h.ctx, 0, int64_t(c.text.size()), c.list, ColorSlot::Keywords0, false);
+        int64_t last = c.last < 0 ? int64_t(c.text.size()) : c.last;
+        EXPECT_EQ(KeywordCoder(h.ctx, c.first, last, c.list, ColorSlot::Keywords0, false),
+                  PassResult::Done)
+            << c.name;
         EXPECT_EQ(h.Show(), c.painted) << c.name;
     }
 }
 
-TEST(PainterKeywords, LaterKeywordsAndListsPaintOver) {
+TEST(PainterKeywords, LaterListsPaintOver) {
     struct Case {
         const char* name;
         std::array<std::string, 3> lists;
         std::string painted;
     };
-    const std::string text = " a b ";
     const std::vector<Case> cases = {
         {"later list over earlier", {Kw({"a b"}), Kw({"b"}), ""}, "01120"},
         {"earlier list under later", {Kw({"b"}), Kw({"a b"}), ""}, "02220"},
@@ -114,54 +93,42 @@ TEST(PainterKeywords, LaterKeywordsAndListsPaintOver) {
         {"same keyword twice: the last list wins", {Kw({"b"}), "", Kw({"B"})}, "00030"},
     };
     for (auto& c : cases) {
-        PaintHarness h(text);
+        PaintHarness h(" a b ");
         h.settings.Keywords = c.lists;
         EXPECT_EQ(ColorCode(h.ctx), PassResult::Done) << c.name;
         EXPECT_EQ(h.Show(), c.painted) << c.name;
     }
 }
 
+// An empty list returns at once and leaves both flags as they were; any other list, a blank
+// one too, clears both, whatever they were. With progress shown there is one caption per token
+// taken, the empty token that ends the list included.
 TEST(PainterKeywords, FlagsAndCaptions) {
-    // An empty list leaves both flags as they were; any other list clears both.
-    for (PaintFlags before :
-         {PaintFlags{true, true}, PaintFlags{false, true}, PaintFlags{true, false}}) {
-        PaintHarness empty("for");
-        empty.flags = before;
-        EXPECT_EQ(KeywordCoder(empty.ctx, 0, 3, "", ColorSlot::Keywords0, true),
-                  PassResult::Skipped);
-        EXPECT_EQ(empty.flags.CodingInProgress, before.CodingInProgress);
-        EXPECT_EQ(empty.flags.ChangedHighLight, before.ChangedHighLight);
-        EXPECT_TRUE(empty.captions.empty());
-
-        PaintHarness blank("for");
-        blank.flags = before;
-        EXPECT_EQ(KeywordCoder(blank.ctx, 0, 3, "  ", ColorSlot::Keywords0, true),
-                  PassResult::Done);
-        EXPECT_FALSE(blank.flags.CodingInProgress);
-        EXPECT_FALSE(blank.flags.ChangedHighLight);
-    }
-    // One caption per token taken, the empty token that ends the list included.
-    struct CaptionCase {
+    struct Case {
         std::string list;
         int captions;
     };
-    for (auto& c : std::vector<CaptionCase>{{Kw({"a", "b"}), 2},
-                                            {"a\xFF"
-                                             "b",
-                                             2},
-                                            {"a\xFF\xFF"
-                                             "b\xFF",
-                                             2},
-                                            {"a\xFF  ", 1},
-                                            {"  ", 1}}) {
-        PaintHarness h("a b");
-        KeywordCoder(h.ctx, 0, 3, c.list, ColorSlot::Keywords0, true);
-        ASSERT_EQ(int(h.captions.size()), c.captions) << c.list;
-        for (int i = 0; i < c.captions; ++i)
-            EXPECT_EQ(h.captions[size_t(i)],
-                      std::to_string(i + 1) + " Keywords/Identifiers Coded...");
-        PaintHarness quiet("a b");
-        KeywordCoder(quiet.ctx, 0, 3, c.list, ColorSlot::Keywords0, false);
-        EXPECT_TRUE(quiet.captions.empty());
+    const std::vector<Case> cases = {{"", 0},
+                                     {"  ", 1},
+                                     {Kw({"a", "b"}), 2},
+                                     {Kw({"a"}) + "b", 2},
+                                     {Kw({"a", "", "b"}), 2},
+                                     {Kw({"a"}) + "  ", 1}};
+    for (auto& c : cases) {
+        for (PaintFlags before : {kRunningStale, kStale, kRunningClean}) {
+            for (bool progress : {true, false}) {
+                PaintHarness h("a b");
+                h.flags = before;
+                const bool empty = c.list.empty();
+                EXPECT_EQ(KeywordCoder(h.ctx, 0, 3, c.list, ColorSlot::Keywords0, progress),
+                          empty ? PassResult::Skipped : PassResult::Done)
+                    << c.list;
+                EXPECT_EQ(FlagPair(h.flags), FlagPair(empty ? before : kClean)) << c.list;
+                std::vector<std::string> captions;
+                for (int i = 1; progress && i <= c.captions; ++i)
+                    captions.push_back(std::to_string(i) + " Keywords/Identifiers Coded...");
+                EXPECT_EQ(h.captions, captions) << c.list;
+            }
+        }
     }
 }
