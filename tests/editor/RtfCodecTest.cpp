@@ -43,11 +43,6 @@ void ExpectSameColours(const std::string& text, const std::string& expected,
     }
 }
 
-std::string TestData(const std::string& name) {
-    const char* dir = std::getenv("KESTRUM_TEST_DATA");
-    return std::string(dir ? dir : "tests/data") + "/rtf/" + name;
-}
-
 } // namespace
 
 TEST(RtfCodec, SmallColouredTextMatchesTheGoldenFile) {
@@ -61,7 +56,9 @@ TEST(RtfCodec, SmallColouredTextMatchesTheGoldenFile) {
     ASSERT_EQ(slots.size(), text.size());
     RtfFont font{"Courier New", 10.5f, true, false};
     std::string rtf = WriteRtf(text, slots, kPalette, font, false);
-    std::string golden = ReadFileBytes(TestData("coloured.rtf"));
+    const char* data = std::getenv("KESTRUM_TEST_DATA");
+    std::string golden =
+        ReadFileBytes(std::string(data ? data : "tests/data") + "/rtf/coloured.rtf");
     EXPECT_EQ(rtf, golden);
 
     RtfContent back = ReadRtf(golden, kPalette, false);
@@ -69,11 +66,13 @@ TEST(RtfCodec, SmallColouredTextMatchesTheGoldenFile) {
     ExpectSameColours(text, slots, back.styles);
 }
 
-TEST(RtfCodec, CharactersAreEscapedForTheDocumentsEncoding) {
+// Characters are escaped for the document's encoding; colours change only where the slot does.
+TEST(RtfCodec, TheBodyEscapesCharactersAndMarksEachChangeOfColour) {
     struct Case {
         std::string text;
         bool utf8;
         std::string body;
+        std::string slots = {};
     };
     const std::vector<Case> cases = {
         {"a\\b{c}d", false, "a\\\\b\\{c\\}d"},
@@ -87,9 +86,14 @@ TEST(RtfCodec, CharactersAreEscapedForTheDocumentsEncoding) {
         {"bad \xE9 byte", true, "bad \\u233? byte"},       // not UTF-8: taken as Latin-1
         {std::string("\x01\x7F\0", 3), false, "\\'01\\'7f\\'00"},
         {"page\fnext", false, "page\\page\nnext"},
+        // A line end inside a run of one colour does not start a new run.
+        {"ab cd\r\nef", false, "\\cf6 ab\\cf0  \\cf6 cd\\par\nef",
+         Slots({{2, ColorSlot::Delimiter2}, {1, ColorSlot::Text}, {6, ColorSlot::Delimiter2}})},
+        // Slots past the end of a short slot string, and unknown slot values, are Text.
+        {"abc", false, "\\cf1 a\\cf0 bc", std::string("\x01\x09", 2)},
     };
     for (const Case& c : cases) {
-        std::string rtf = WriteRtf(c.text, {}, kPalette, kFont, c.utf8);
+        std::string rtf = WriteRtf(c.text, c.slots, kPalette, kFont, c.utf8);
         EXPECT_EQ(Body(rtf), c.body) << c.text;
         // Whatever was written comes back as it was, where the text is well-formed.
         if (c.text.find("bad") == std::string::npos) {
@@ -110,19 +114,6 @@ TEST(RtfCodec, HeaderCarriesTheFontWhateverItsNameAndSize) {
         std::string r = WriteRtf("x", {}, kPalette, {"F", points, false, false}, false);
         EXPECT_NE(r.find(fs), std::string::npos) << points;
     }
-}
-
-TEST(RtfCodec, ColourRunsChangeOnlyWhereTheSlotChanges) {
-    std::string text = "ab cd\r\nef";
-    std::string slots = Slots({{2, ColorSlot::Delimiter2},
-                               {1, ColorSlot::Text},
-                               {4, ColorSlot::Delimiter2}, // the line end does not count
-                               {2, ColorSlot::Delimiter2}});
-    EXPECT_EQ(Body(WriteRtf(text, slots, kPalette, kFont, false)),
-              "\\cf6 ab\\cf0  \\cf6 cd\\par\nef");
-    // Slots past the end of a short slot string, and unknown slot values, are Text.
-    EXPECT_EQ(Body(WriteRtf("abc", std::string("\x01\x09", 2), kPalette, kFont, false)),
-              "\\cf1 a\\cf0 bc");
 }
 
 // Whatever the writer makes of a document, the reader makes the same document of it.
