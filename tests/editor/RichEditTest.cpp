@@ -40,11 +40,10 @@ struct RichEditTest : ::testing::Test {
         edit.resize(400, 300);
         edit.show();
     }
-    std::string Load(std::string_view bytes) {
-        std::string p = dir.write("in.txt", bytes);
+    void Load(std::string_view bytes) {
         QString err;
-        EXPECT_TRUE(edit.LoadFile(QString::fromStdString(p), 1, &err)) << err.toStdString();
-        return p;
+        EXPECT_TRUE(edit.LoadFile(QString::fromStdString(dir.write("in.txt", bytes)), 1, &err))
+            << err.toStdString();
     }
     std::string SaveAndRead() {
         std::string p = dir.file("out.txt");
@@ -80,6 +79,27 @@ TEST_F(RichEditTest, LoadKeepsTheBytesAndMakesEveryLineEndCrLf) {
     EXPECT_EQ(edit.LineFromChar(7), 0); // the LF of line 0
     EXPECT_EQ(edit.LineLength(9), 7);   // "char b;" without its line end
     EXPECT_EQ(edit.LineLength(edit.TextLength()), 3);
+}
+
+// A load is one change of the text however many pieces the file is read in, so that the
+// owner sees it once, and none when an empty control takes an empty file.
+TEST_F(RichEditTest, ALoadIsReportedAsOneChange) {
+    QSignalSpy changes(&edit, &QsciScintilla::textChanged);
+    std::string line = "a line of text that ends with LF\n";
+    std::string big;
+    while (big.size() < (9u << 20)) big += line; // more than two reading chunks
+    Load(big);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(edit.TextLength(), int64_t(big.size() + big.size() / line.size()));
+    EXPECT_EQ(edit.Text().substr(0, line.size() + 1), line.substr(0, line.size() - 1) + "\r\n");
+    // Typing is reported again after the load.
+    edit.SetSelText("x");
+    EXPECT_EQ(changes.count(), 2);
+
+    Load("");
+    EXPECT_EQ(changes.count(), 3); // the text went
+    Load("");
+    EXPECT_EQ(changes.count(), 3); // nothing changed
 }
 
 TEST_F(RichEditTest, ALatin1DocumentRefusesCharactersItCannotHold) {
