@@ -123,15 +123,11 @@ TEST(KeywordMatcher, WordsLongerThanASixteenByteKeyword) {
     }
 }
 
+// "a1" hides the next "a1" right behind it (the search skips a byte); "a1a" one that shares its
+// last "a"; words cannot, nor can keywords whose byte below "A" never lines up with a repeat.
 TEST(KeywordMatcher, HidesOwnFinds) {
-    struct Case {
-        const char* keyword;
-        bool hides;
-    };
-    // "a1" hides the next "a1" right behind it (the search skips a byte); "a1a" one that
-    // shares its last "a"; words cannot, nor can keywords whose byte below "A" never lines
-    // up with a repeat.
-    const std::vector<Case> cases = {{"a1", true},   {"a1a", true},      {"1", true},
-                                     {"int", false}, {"int32_t", false}, {"a b", false}};
-    for (auto& c : cases) EXPECT_EQ(HidesOwnFinds(c.keyword), c.hides) << c.keyword;
+    const std::vector<std::pair<const char*, bool>> cases = {{"a1", true},       {"a1a", true},
+                                                             {"1", true},        {"int", false},
+                                                             {"int32_t", false}, {"a b", false}};
+    for (auto& [keyword, hides] : cases) EXPECT_EQ(HidesOwnFinds(keyword), hides) << keyword;
 }

@@ -48,6 +48,12 @@ bool CodeAt(const std::string& s, int64_t pos, int& code) {
     return true;
 }
 
+// The three keyword lists in order, into slots 1 to 3.
+void RefKeywordLists(RefDocument& d, int64_t first, int64_t last, bool showProgress) {
+    for (int i = 0; i < 3; ++i)
+        RefKeywordCoder(d, first, last, d.settings.Keywords[i], i + 1, showProgress);
+}
+
 } // namespace
 
 void RefKeywordCoder(RefDocument& d, int64_t first, int64_t last, const std::string& list, int slot,
@@ -114,9 +120,7 @@ void RefColorCode(RefDocument& d) {
             if (!p.DelimiterStart.empty() && !p.DelimiterEnd.empty())
                 RefCodeDelimiters(d, 0, n, p.DelimiterStart, p.DelimiterEnd, p.DelimiterColor);
     };
-    auto keywords = [&] {
-        for (int i = 0; i < 3; ++i) RefKeywordCoder(d, 0, n, d.settings.Keywords[i], i + 1, true);
-    };
+    auto keywords = [&] { RefKeywordLists(d, 0, n, true); };
     if (!d.settings.CodeOrder)
         delimiters(), keywords();
     else
@@ -129,10 +133,7 @@ void RefCodeLine(RefDocument& d, int64_t a, int64_t lineLength) {
     if (!d.flags.CodingInProgress && d.flags.ChangedHighLight) {
         int64_t n = lineLength + 2;
         Colour(d, a, n, 0);
-        auto keywords = [&] {
-            for (int i = 0; i < 3; ++i)
-                RefKeywordCoder(d, a, a + n, d.settings.Keywords[i], i + 1, false);
-        };
+        auto keywords = [&] { RefKeywordLists(d, a, a + n, false); };
         auto delimiters = [&] {
             for (auto& p : d.settings.Delimiters)
                 if (!p.DelimiterStart.empty()) {
@@ -159,10 +160,7 @@ void RefCodePassage(RefDocument& d, int64_t first, int64_t last) {
     if (d.flags.CodingInProgress || !d.flags.ChangedHighLight) return;
     d.flags.CodingInProgress = true;
     Colour(d, first, last - first, 0);
-    auto keywords = [&] {
-        for (int i = 0; i < 3; ++i)
-            RefKeywordCoder(d, first, last, d.settings.Keywords[i], i + 1, false);
-    };
+    auto keywords = [&] { RefKeywordLists(d, first, last, false); };
     auto delimiters = [&] {
         for (auto& p : d.settings.Delimiters)
             if (!p.DelimiterStart.empty() && !p.DelimiterEnd.empty())

@@ -5,14 +5,11 @@
 namespace {
 using R = SlotBuffer::Run;
 constexpr ColorSlot T = ColorSlot::Text, K = ColorSlot::Keywords0, C = ColorSlot::Comment;
-
-struct Spans {
-    std::vector<std::pair<int64_t, std::vector<uint8_t>>> list;
-    void operator()(int64_t s, const uint8_t* p, int64_t n) { list.push_back({s, {p, p + n}}); }
-};
 } // namespace
 
-TEST(SlotBuffer, RunsAreMaximalAndSkipUnpainted) {
+// Runs are maximal stretches of one slot; spans are maximal stretches of painted positions,
+// whatever their slots, and both skip what nobody painted.
+TEST(SlotBuffer, RunsSpansAndUnpaintedGaps) {
     struct Paint {
         int64_t start, length;
         ColorSlot slot;
@@ -22,48 +19,40 @@ TEST(SlotBuffer, RunsAreMaximalAndSkipUnpainted) {
         int64_t base;
         std::vector<Paint> paints;
         std::vector<R> runs;
+        std::vector<int64_t> spanStarts;
     };
     const std::vector<Case> cases = {
-        {"one paint", 0, {{0, 5, T}}, {{0, 5, T}}},
-        {"overpaint splits", 0, {{0, 10, T}, {3, 2, K}}, {{0, 3, T}, {3, 2, K}, {5, 5, T}}},
-        {"equal neighbours merge", 0, {{0, 3, K}, {3, 3, K}}, {{0, 6, K}}},
-        {"gap stays unpainted", 10, {{10, 2, K}, {20, 2, K}}, {{10, 2, K}, {20, 2, K}}},
-        {"grows behind", 5, {{5, 2, T}, {100, 3, C}}, {{5, 2, T}, {100, 3, C}}},
-        {"grows in front", 50, {{50, 2, T}, {10, 3, C}}, {{10, 3, C}, {50, 2, T}}},
-        {"negative start is cut", 0, {{-5, 7, K}}, {{0, 2, K}}},
-        {"empty and negative lengths paint nothing", 0, {{3, 0, K}, {3, -2, K}}, {}},
-        {"long run across word steps", 0, {{0, 1000, T}, {999, 1, K}}, {{0, 999, T}, {999, 1, K}}},
+        {"one paint", 0, {{0, 5, T}}, {{0, 5, T}}, {0}},
+        {"overpaint splits", 0, {{0, 10, T}, {3, 2, K}}, {{0, 3, T}, {3, 2, K}, {5, 5, T}}, {0}},
+        {"equal neighbours merge", 0, {{0, 3, K}, {3, 3, K}}, {{0, 6, K}}, {0}},
+        {"gap stays unpainted", 10, {{10, 2, K}, {20, 2, K}}, {{10, 2, K}, {20, 2, K}}, {10, 20}},
+        {"grows behind", 5, {{5, 2, T}, {100, 3, C}}, {{5, 2, T}, {100, 3, C}}, {5, 100}},
+        {"grows in front", 50, {{50, 2, T}, {10, 3, C}}, {{10, 3, C}, {50, 2, T}}, {10, 50}},
+        {"negative start is cut", 0, {{-5, 7, K}}, {{0, 2, K}}, {0}},
+        {"empty and negative lengths paint nothing", 0, {{3, 0, K}, {3, -2, K}}, {}, {}},
+        // Longer than the eight-byte steps in which a run's end is looked for.
+        {"word steps", 0, {{0, 1000, T}, {999, 1, K}}, {{0, 999, T}, {999, 1, K}}, {0}},
     };
     for (auto& c : cases) {
         SlotBuffer b(c.base);
         for (auto& p : c.paints) b.Paint(p.start, p.length, p.slot);
         EXPECT_EQ(b.Runs(), c.runs) << c.name;
-        int64_t covered = 0;
-        for (auto& r : c.runs) covered += r.length;
-        Spans spans;
-        b.ForEachSpan(spans);
-        int64_t spanned = 0;
-        for (auto& [s, bytes] : spans.list) {
-            spanned += int64_t(bytes.size());
-            for (size_t i = 0; i < bytes.size(); ++i)
-                EXPECT_EQ(bytes[i], b.At(s + int64_t(i))) << c.name;
+        // Every position from one in front of the window to one behind it.
+        for (int64_t pos = b.Base() - 1; pos <= b.Base() + b.Size(); ++pos) {
+            uint8_t slot = SlotBuffer::kNotPainted;
+            for (auto& r : c.runs)
+                if (pos >= r.start && pos < r.start + r.length) slot = uint8_t(r.slot);
+            EXPECT_EQ(b.At(pos), slot) << c.name << " at " << pos;
         }
+        std::vector<int64_t> starts;
+        int64_t spanned = 0, covered = 0;
+        b.ForEachSpan([&](int64_t start, const uint8_t* bytes, int64_t n) {
+            starts.push_back(start);
+            spanned += n;
+            for (int64_t i = 0; i < n; ++i) EXPECT_EQ(bytes[i], b.At(start + i)) << c.name;
+        });
+        for (auto& r : c.runs) covered += r.length;
+        EXPECT_EQ(starts, c.spanStarts) << c.name;
         EXPECT_EQ(spanned, covered) << c.name;
     }
-}
-
-TEST(SlotBuffer, SpansJoinSlotsButNotGaps) {
-    SlotBuffer b;
-    b.Paint(0, 2, T);
-    b.Paint(2, 1, K);
-    b.Paint(6, 1, C);
-    Spans spans;
-    b.ForEachSpan(spans);
-    ASSERT_EQ(spans.list.size(), 2u);
-    EXPECT_EQ(spans.list[0].first, 0);
-    EXPECT_EQ(spans.list[0].second, (std::vector<uint8_t>{0, 0, 1}));
-    EXPECT_EQ(spans.list[1].first, 6);
-    EXPECT_EQ(b.At(4), SlotBuffer::kNotPainted);
-    EXPECT_EQ(b.At(-1), SlotBuffer::kNotPainted);
-    EXPECT_EQ(b.At(7), SlotBuffer::kNotPainted);
 }
