@@ -18,7 +18,7 @@ TEST(ProfileSource, ASourceBecomesAProfileOnTheProgramsDefaults) {
                              "[delimiters]\n"
                              "comment     //  \\n\n"
                              "delimiter1  REM\\s  \\\\\\t\n"
-                             "delimiter2  '   '\n";
+                             "delimiter2  '   '"; // the last line has no line end
     ProfileSource p;
     ASSERT_EQ(ParseProfileSource(text, p), "");
     EXPECT_EQ(p.name, "Test Profile");
@@ -26,6 +26,7 @@ TEST(ProfileSource, ASourceBecomesAProfileOnTheProgramsDefaults) {
     EXPECT_EQ(s.Keywords[0], "if\xFF"
                              "end if\xFF");
     EXPECT_EQ(s.Keywords[1], "");
+    // In a case-sensitive profile "IF" is a keyword of its own.
     EXPECT_EQ(s.Keywords[2], "#define\xFF"
                              "IF\xFF");
     EXPECT_EQ(s.KeywordCount, 4);
@@ -34,7 +35,7 @@ TEST(ProfileSource, ASourceBecomesAProfileOnTheProgramsDefaults) {
     EXPECT_EQ(s.Delimiters[0], (DelimiterPair{"//", "\r\n", 1}));
     EXPECT_EQ(s.Delimiters[1], (DelimiterPair{"REM ", "\\\t", 2}));
     EXPECT_EQ(s.Delimiters[2], (DelimiterPair{"'", "'", 3}));
-    EXPECT_EQ(s.Delimiters[3], DelimiterPair{});
+    EXPECT_EQ(s.Delimiters[3], DelimiterPair{}); // not the default colour of unused rows
     // Everything a source does not say is the program's default.
     EditorSettings rest = s;
     EditorSettings d = EditorSettings::Defaults();
@@ -46,21 +47,10 @@ TEST(ProfileSource, ASourceBecomesAProfileOnTheProgramsDefaults) {
     EXPECT_EQ(rest, d);
 }
 
-TEST(ProfileSource, AnEmptyProfileHasNoListsAndNoPairs) {
-    ProfileSource p;
-    ASSERT_EQ(ParseProfileSource("name: Plain\ncase-sensitive: no\ncode-order: yes", p), "");
-    EXPECT_EQ(p.settings.Keywords, (std::array<std::string, 3>{}));
-    EXPECT_EQ(p.settings.KeywordCount, 0);
-    EXPECT_EQ(p.settings.Delimiters, (std::array<DelimiterPair, 8>{}));
-}
-
 TEST(ProfileSource, MistakesAreReportedWithTheirLine) {
     const std::string head = "name: P\ncase-sensitive: no\ncode-order: yes\n";
-    const std::string nine = "[delimiters]\n" + [] {
-        std::string s;
-        for (int i = 0; i < 9; ++i) s += "comment a b\n";
-        return s;
-    }();
+    std::string nine = "[delimiters]\n";
+    for (int i = 0; i < 9; ++i) nine += "comment a b\n";
     struct Case {
         std::string text;
         std::string error; // the start of the message
@@ -74,6 +64,7 @@ TEST(ProfileSource, MistakesAreReportedWithTheirLine) {
         {"colour: red\n", "line 1: unknown key"},
         {"name: P\ncase-sensitive: maybe\n", "line 2: \"case-sensitive\" takes"},
         {"just words\n", "line 1: expected"},
+        // Keywords differing only in case are one keyword where case does not matter.
         {head + "[keywords 1]\nfor\n[keywords 2]\nFOR\n", "line 7: \"FOR\" is already"},
         {head + "[keywords 1]\nx\n[keywords 1]\n", "line 6: a section appears twice"},
         {head + "[keywords 2]\ncaf\xC3\xA9\n", "line 5: only printable ASCII"},
@@ -88,12 +79,4 @@ TEST(ProfileSource, MistakesAreReportedWithTheirLine) {
         std::string error = ParseProfileSource(c.text, p);
         EXPECT_EQ(error.substr(0, c.error.size()), c.error) << c.text;
     }
-}
-
-TEST(ProfileSource, KeywordsDifferingInCaseAreTwoOnlyInACaseSensitiveProfile) {
-    ProfileSource p;
-    const std::string lists = "\n[keywords 1]\nTrue\n[keywords 2]\ntrue\n";
-    EXPECT_EQ(ParseProfileSource("name: P\ncase-sensitive: yes\ncode-order: yes" + lists, p), "");
-    EXPECT_EQ(p.settings.KeywordCount, 2);
-    EXPECT_NE(ParseProfileSource("name: P\ncase-sensitive: no\ncode-order: yes" + lists, p), "");
 }
