@@ -35,15 +35,3 @@ struct FileCommandsFixture : AppFixture {
     const ScriptedDialogs::Question& Last() { return dialogs.asked.back(); }
     std::string Text(frmDocument* d) { return d->rtfText->Text(); }
 };
-
-// The filter of the dialogs that open and save documents: 27 pairs of label and patterns,
-// all files first, with the system's own spelling kept.
-inline void ExpectDocumentFilter(const QString& filter) {
-    QStringList parts = filter.split('|');
-    EXPECT_EQ(parts.size(), 54) << filter.toStdString();
-    EXPECT_TRUE(filter.startsWith("All Files (*.*)|*.*|Text Files (*.txt, *.doc, *.faq)|"));
-    EXPECT_TRUE(filter.contains("|Obect Pascal Files (*.pas)|*.pas|"));
-    EXPECT_TRUE(filter.contains("|Perl Files(*.pl, *.pm, *.cgi)|*.pl;*.pm;*.cgi|"));
-    EXPECT_TRUE(filter.contains("|DataFlex Files (*.src, *.pkg, *.frm)|*.pkg;*.frm;*.src|"));
-    EXPECT_TRUE(filter.endsWith("|*.mak;*.frm;*.bas;*.cls;*.pag;*.ctl;*.vbp"));
-}
