@@ -87,11 +87,3 @@ TEST_F(HelpFolderTest, AFolderWhereTheFileBelongsFailsAndLeavesNoTemporaryFile) 
     EXPECT_TRUE(fs::is_directory(dir.file("Help/help.htm")));
     EXPECT_EQ(HelpFolderEntries(), std::vector<std::string>{"help.htm"});
 }
-
-TEST_F(HelpFolderTest, AHelpFileThatIsAFileNotAFolderFails) {
-    dir.write("Help", "not a folder");
-    auto r = WriteHelpFrameset(dir.path(), "basic_editing");
-    EXPECT_FALSE(r.ok);
-    EXPECT_EQ(r.error, std::strerror(ENOTDIR));
-    EXPECT_EQ(ReadFileBytes(dir.file("Help")), "not a folder");
-}

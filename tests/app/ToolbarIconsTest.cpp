@@ -1,6 +1,6 @@
-// Checks of the toolbar pictures: every image key draws something at the button sizes, the
-// pictures differ from each other, unknown keys have none, and the icon folder, its resource
-// file and the key list agree with each other.
+// Checks of the toolbar pictures: every image key draws a picture of its own at the button
+// sizes, unknown keys have none, and the icon folder, its resource file and the key list agree
+// with each other.
 #include "app/ToolbarIcons.h"
 
 #include <QDir>
@@ -33,14 +33,6 @@ std::string NotIn(const QSet<QString>& a, const QSet<QString>& b) {
     return names.join(' ').toStdString();
 }
 
-// The file names that the keys stand for ("save-all.svg" for "SAVE ALL").
-QSet<QString> FilesOfKeys() {
-    QSet<QString> files;
-    for (const QString& key : ToolbarIconKeys())
-        files.insert(ToolbarIconPath(key).section('/', -1));
-    return files;
-}
-
 // Share of the pixels that are mostly opaque.
 double OpaqueShare(const QImage& image) {
     int opaque = 0;
@@ -54,9 +46,10 @@ QImage Render(const QIcon& icon, int size) {
 }
 } // namespace
 
-TEST(ToolbarIconsTest, EveryKeyDrawsAPictureAtButtonSizes) {
+TEST(ToolbarIconsTest, EveryKeyDrawsAPictureOfItsOwnAtButtonSizes) {
     const QStringList keys = ToolbarIconKeys();
-    ASSERT_EQ(keys.size(), 39);
+    EXPECT_EQ(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
+    QList<QImage> seen; // the earlier keys' pictures at 24 pixels
     for (const QString& key : keys) {
         SCOPED_TRACE(key.toStdString());
         const QIcon icon = ToolbarIcon(key);
@@ -70,18 +63,9 @@ TEST(ToolbarIconsTest, EveryKeyDrawsAPictureAtButtonSizes) {
             EXPECT_GT(share, 0.05);
             EXPECT_LT(share, 0.95);
         }
-    }
-}
-
-TEST(ToolbarIconsTest, NoTwoKeysShareAPicture) {
-    const QStringList keys = ToolbarIconKeys();
-    EXPECT_EQ(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
-    QList<QImage> seen;
-    for (const QString& key : keys) {
-        const QImage image = Render(ToolbarIcon(key), 24);
+        const QImage image = Render(icon, 24);
         for (qsizetype i = 0; i < seen.size(); ++i)
-            EXPECT_NE(image, seen[i])
-                << key.toStdString() << " looks like " << keys[i].toStdString();
+            EXPECT_NE(image, seen[i]) << "looks like " << keys[i].toStdString();
         seen.append(image);
     }
 }
@@ -113,24 +97,24 @@ TEST(ToolbarIconsTest, FolderResourceFileAndKeysAgree) {
         listed.insert(m.captured(1));
     }
 
+    // The file names that the keys stand for ("save-all.svg" for "SAVE ALL").
+    QSet<QString> ofKeys;
+    for (const QString& key : ToolbarIconKeys())
+        ofKeys.insert(ToolbarIconPath(key).section('/', -1));
+    const QSet<QString> compiled = SvgFilesIn(":/icons");
     // Stray files, files missing from the resource, and keys without a file all show here.
-    const QSet<QString> ofKeys = FilesOfKeys(), compiled = SvgFilesIn(":/icons");
     EXPECT_EQ(NotIn(inFolder, listed), "") << "files not listed in icons.qrc";
     EXPECT_EQ(NotIn(listed, inFolder), "") << "icons.qrc lists missing files";
     EXPECT_EQ(NotIn(inFolder, ofKeys), "") << "files that no key uses";
     EXPECT_EQ(NotIn(ofKeys, inFolder), "") << "keys without a file";
     EXPECT_EQ(NotIn(listed, compiled), "") << "listed but not compiled in";
-}
 
-TEST(ToolbarIconsTest, EveryPictureIsDrawnOnTheSameGrid) {
-    const QString dir = SourceIconDir();
-    ASSERT_FALSE(dir.isEmpty());
-    for (const QString& name : SvgFilesIn(dir)) {
-        SCOPED_TRACE(name.toStdString());
+    // Every picture is drawn on the same grid with the same pen, so that they match in size.
+    for (const QString& name : inFolder) {
         QFile file(dir + "/" + name);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
         const QByteArray svg = file.readAll();
-        EXPECT_TRUE(svg.contains(R"(viewBox="0 0 24 24")"));
-        EXPECT_TRUE(svg.contains(R"(stroke-width="1.5")"));
+        EXPECT_TRUE(svg.contains(R"(viewBox="0 0 24 24")")) << name.toStdString();
+        EXPECT_TRUE(svg.contains(R"(stroke-width="1.5")")) << name.toStdString();
     }
 }
