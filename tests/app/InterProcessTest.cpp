@@ -4,7 +4,6 @@
 
 #include <QComboBox>
 #include <QDialog>
-#include <QTabBar>
 #include <QTimer>
 
 namespace {
