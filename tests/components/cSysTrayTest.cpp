@@ -1,7 +1,6 @@
 // The tray icon component: clicks become mouse events, the tip and icon properties.
 #include "components/cSysTray.h"
 
-#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,14 +18,13 @@ TEST(cSysTrayTest, ClicksBecomeMouseEventsWithTheirButton) {
     for (const Case& c : cases) {
         cSysTray tray;
         QStringList events;
-        auto record = [&](const char* what) {
-            return [&events, what](int button) {
+        for (auto [signal, what] : {std::pair{&cSysTray::MouseDown, "Down"},
+                                    {&cSysTray::MouseUp, "Up"},
+                                    {&cSysTray::MouseDblClick, "DblClick"}}) {
+            QObject::connect(&tray, signal, [&events, what](int button) {
                 events << QStringLiteral("%1 %2").arg(what).arg(button);
-            };
-        };
-        QObject::connect(&tray, &cSysTray::MouseDown, record("Down"));
-        QObject::connect(&tray, &cSysTray::MouseUp, record("Up"));
-        QObject::connect(&tray, &cSysTray::MouseDblClick, record("DblClick"));
+            });
+        }
         emit tray.activated(c.reason);
         EXPECT_EQ(events, c.events) << int(c.reason);
     }

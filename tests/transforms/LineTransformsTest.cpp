@@ -44,8 +44,6 @@ TEST(LineTransforms, LineStepsOverTheSelectedLines) {
          "\r\nq", ""},
         {"trim preceding", "  a  \r\n b", 0, 9, LineStep::TrimPreceding, "", "a  \r\nb",
          "a  \r\nb"},
-        {"last line without a line end", "x\r\ny", 4, 0, LineStep::Prefix, "// ", "x\r\n// y",
-         "// y"},
         {"line comment on every touched line", "int a;\r\n  b();\r\n", 2, 10, LineStep::Prefix,
          "// ", "// int a;\r\n//   b();\r\n", "// int a;\r\n//   b();"},
         {"empty document", "", 0, 0, LineStep::Indent, "\t", "\t", "\t"},
