@@ -2,16 +2,9 @@
 
 #include "support/TempDir.h"
 
-#include <gtest/gtest.h>
+#include "support/KeywordLists.h"
 
-namespace {
-// A list string from its entries, each followed by the separator.
-std::string L(std::initializer_list<const char*> entries) {
-    std::string s;
-    for (auto e : entries) s += std::string(e) + '\xFF';
-    return s;
-}
-} // namespace
+#include <gtest/gtest.h>
 
 TEST(KeywordListFile, Import) {
     struct Case {
@@ -25,40 +18,46 @@ TEST(KeywordListFile, Import) {
         {"three lists",
          "if\r\nfor\r\n\\NL\\\r\nint\r\n\\NL\\\r\n#if\r\n\\NL\\\r\n",
          O,
-         {L({"if", "for"}), L({"int"}), L({"#if"})}},
+         {KeywordList({"if", "for"}), KeywordList({"int"}), KeywordList({"#if"})}},
         {"three empty lists", "\\NL\\\r\n\\NL\\\r\n\\NL\\\r\n", O, {"", "", ""}},
         {"empty file", "", O, {"", "", ""}},
-        {"no list end loads into the first list", "a\r\nb\r\n", O, {L({"a", "b"}), "", ""}},
+        {"no list end loads into the first list",
+         "a\r\nb\r\n",
+         O,
+         {KeywordList({"a", "b"}), "", ""}},
         {"fourth section goes on in the third",
          "a\r\n\\NL\\\r\nb\r\n\\NL\\\r\nc\r\n\\NL\\\r\nd\r\n\\NL\\\r\n",
          O,
-         {L({"a"}), L({"b"}), L({"c", "d"})}},
+         {KeywordList({"a"}), KeywordList({"b"}), KeywordList({"c", "d"})}},
         {"blank lines skipped, entries kept as they stand",
          "  \r\n\r\n  lead\r\ntab\t\r\n",
          O,
-         {L({"  lead", "tab\t"}), "", ""}},
+         {KeywordList({"  lead", "tab\t"}), "", ""}},
         {"list end is exact and case-sensitive",
          "\\nl\\\r\n \\NL\\\r\n\\NL\\ \r\n",
          O,
-         {L({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
-        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {L({"~x"}), "", ""}},
-        {"a tilde is a comment to the profile dialog", "  ~x\r\nx~\r\n", C, {L({"x~"}), "", ""}},
+         {KeywordList({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
+        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {KeywordList({"~x"}), "", ""}},
+        {"a tilde is a comment to the profile dialog",
+         "  ~x\r\nx~\r\n",
+         C,
+         {KeywordList({"x~"}), "", ""}},
         {"the profile dialog keeps empty lines",
          "a\r\n\r\n  \r\n",
          C,
-         {L({"a", "", "  "}), "", ""}},
-        {"lone LF and CR end lines too", "a\nb\rc", O, {L({"a", "b", "c"}), "", ""}},
+         {KeywordList({"a", "", "  "}), "", ""}},
+        {"lone LF and CR end lines too", "a\nb\rc", O, {KeywordList({"a", "b", "c"}), "", ""}},
         {"phrases and high bytes",
          "end if\r\n\xC3\xA9t\xC3\xA9\r\n",
          O,
-         {L({"end if", "\xC3\xA9t\xC3\xA9"}), "", ""}},
+         {KeywordList({"end if", "\xC3\xA9t\xC3\xA9"}), "", ""}},
     };
     for (auto& c : cases) EXPECT_EQ(ParseKeywordListFile(c.file, c.rule), c.lists) << c.name;
 }
 
 TEST(KeywordListFile, ExportEndsEveryListAndReadsBack) {
     // An empty list is just its end; text behind the last separator is an entry of its own.
-    const KeywordLists lists = {L({"if", "for"}), std::string("a\xFF") + "b", ""};
+    const KeywordLists lists = {KeywordList({"if", "for"}), std::string("a\xFF") + "b", ""};
     const std::string file = "if\r\nfor\r\n\\NL\\\r\na\r\nb\r\n\\NL\\\r\n\\NL\\\r\n";
     EXPECT_EQ(FormatKeywordListFile(lists), file);
 
@@ -68,7 +67,7 @@ TEST(KeywordListFile, ExportEndsEveryListAndReadsBack) {
     EXPECT_EQ(ReadFileBytes(dir.file("x.kwd")), file);
     KeywordLists back{"stale", "stale", "stale"};
     ASSERT_TRUE(ReadKeywordListFile(dir.file("x.kwd"), back, error)) << error;
-    EXPECT_EQ(back, (KeywordLists{L({"if", "for"}), L({"a", "b"}), ""}));
+    EXPECT_EQ(back, (KeywordLists{KeywordList({"if", "for"}), KeywordList({"a", "b"}), ""}));
 }
 
 TEST(KeywordListFile, FailuresClearTheListsAndSayWhy) {

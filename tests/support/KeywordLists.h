@@ -1,0 +1,12 @@
+#pragma once
+// Keyword lists as the settings hold them: each entry followed by the separator.
+#include "app/core/EditorSettings.h"
+
+#include <initializer_list>
+#include <string>
+
+inline std::string KeywordList(std::initializer_list<const char*> entries) {
+    std::string list;
+    for (const char* e : entries) list += std::string(e) + kKeywordSeparator;
+    return list;
+}
