@@ -3,7 +3,7 @@
 # Does nothing when everything is already there.
 set -euo pipefail
 
-packages=(cmake g++ make qt6-base-dev libqt6svg6 libqscintilla2-qt6-dev libsimpleini-dev libgtest-dev
+packages=(cmake g++ make ccache qt6-base-dev libqt6svg6 libqscintilla2-qt6-dev libsimpleini-dev libgtest-dev
           xvfb xauth xdotool)
 
 missing=()
