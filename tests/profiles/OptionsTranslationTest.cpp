@@ -1,0 +1,147 @@
+#include "profiles/core/OptionsTranslation.h"
+
+#include "app/core/SettingsStore.h"
+#include "support/KeywordLists.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+using Entries = std::vector<std::string>;
+
+TEST(OptionsTranslation, KeywordStrings) {
+    struct Case {
+        const char* name;
+        std::string keywords;
+        Entries entries;
+    };
+    const std::string sep(1, kKeywordSeparator);
+    const std::vector<Case> cases = {
+        {"blanks trimmed, tabs kept",
+         KeywordList({" if ", "for\t", "else"}),
+         {"if", "for\t", "else"}},
+        {"empty list", "", {}},
+        {"blank entry skipped", KeywordList({"a", "  ", "b"}), {"a", "b"}},
+        {"empty entry ends the list", "a" + sep + sep + "b" + sep, {"a"}},
+        {"last word without a separator is lost", "a" + sep + "b", {"a"}},
+        {"phrases keep inner blanks", KeywordList({"end if"}), {"end if"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(SplitKeywordList(c.keywords), c.entries);
+    }
+}
+
+TEST(OptionsTranslation, DelimiterRows) {
+    struct Case {
+        const char* name;
+        DelimiterRow row;
+        bool requireStart;
+        DelimiterPair pair;
+    };
+    const std::vector<Case> cases = {
+        {"line end typed as \\n", {"//", "\\n", 0}, false, {"//", "\r\n", 1}},
+        {"capital \\N stays", {"//", "\\N", 1}, false, {"//", "\\N", 2}},
+        {"\\n among other text stays", {"'", "\\n\\n", 2}, false, {"'", "\\n\\n", 3}},
+        {"no selection", {"/*", "*/", -1}, false, {"/*", "*/", 0}},
+        {"options dialog colours a row without a start", {"", "", 2}, false, {"", "", 3}},
+        {"profile editor does not", {"", "", 2}, true, {"", "", 0}},
+        {"start without an end is kept", {"<", "", 0}, true, {"<", "", 1}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        DelimiterRows rows;
+        rows[3] = c.row;
+        auto pairs = DelimitersFromRows(rows, c.requireStart);
+        EXPECT_EQ(pairs[3], c.pair);
+    }
+    // Back to the boxes: only a used row with a valid class selects it.
+    std::array<DelimiterPair, 8> pairs;
+    pairs[0] = {"//", "\r\n", 3};
+    pairs[1] = {"", "", 3};
+    pairs[2] = {"'", "'", kSysColorWindowText};
+    DelimiterRows rows = RowsFromDelimiters(pairs);
+    EXPECT_EQ(rows[0], (DelimiterRow{"//", "\\n", 2}));
+    EXPECT_EQ(rows[1], (DelimiterRow{"", "", 0}));
+    EXPECT_EQ(rows[2], (DelimiterRow{"'", "'", 0}));
+}
+
+static EditorSettings Sample() {
+    EditorSettings s = EditorSettings::Defaults();
+    s.Keywords = {KeywordList({"if", "end if"}), "", KeywordList({"#define"})};
+    s.KeywordCount = 3;
+    s.KeywordColor = {1, 2, 3, 4, 5, RGB(255, 0, 255)};
+    s.WordWrap = true;
+    s.Backup = true;
+    s.RealTabs = true;
+    s.CaseSensitive = true;
+    s.AutoCode = false;
+    s.EditorFont = "DejaVu Sans Mono";
+    s.EditorSize = 11.5f;
+    s.EditorBold = true;
+    s.TabWidth = 8;
+    s.BGColor = RGB(0, 0, 0);
+    s.TextColor = RGB(200, 200, 200);
+    s.Delimiters[0] = {"/*", "*/", 1};
+    s.Delimiters[1] = {"//", "\r\n", 1};
+    s.Delimiters[7] = {"\"", "\"", 2};
+    for (int i = 2; i < 7; ++i)
+        s.Delimiters[i].DelimiterColor = 1; // an unused row's box shows "Comment"
+    return s;
+}
+
+TEST(OptionsTranslation, DialogRoundTrip) {
+    const EditorSettings s = Sample();
+    OptionsDialogValues v;
+    UpdateDisplayElements(s, true, v);
+    EXPECT_EQ(v.lists[0], (Entries{"if", "end if"}));
+    EXPECT_EQ(v.delimiters[1].end, "\\n");
+    EXPECT_TRUE(v.sysTray);
+
+    EditorSettings back = EditorSettings::Defaults();
+    back.CompilerString = "make"; // not the dialog's to change
+    TranslateSettings(v, back);
+    EditorSettings want = s;
+    want.CompilerString = "make";
+    EXPECT_EQ(back, want);
+
+    // A false count is put right, and a tab width that is empty or too big leaves the old one.
+    for (const char* tab : {"", "70000", "-"}) {
+        SCOPED_TRACE(tab);
+        v.tabWidthText = tab;
+        back.KeywordCount = 99;
+        TranslateSettings(v, back);
+        EXPECT_EQ(back.TabWidth, 8);
+        EXPECT_EQ(back.KeywordCount, 3);
+    }
+}
+
+TEST(OptionsTranslation, StoreWriterMatchesReader) {
+    TempDir dir;
+    SettingsStore store(dir.path());
+    store.SaveSetting("Kestrum", "Settings", "CompilerString", "cc");
+    const EditorSettings s = Sample();
+    SaveEditorSettings(store, "Kestrum", s, false);
+
+    EditorSettings read = EditorSettings::Defaults();
+    LoadEditorSettings(store, "Kestrum", read);
+    EditorSettings want = s;
+    want.CompilerString = "cc";
+    EXPECT_EQ(read, want);
+
+    std::vector<std::string> keys;
+    for (auto& [k, v] : store.GetAllSettings("Kestrum", "Settings")) keys.push_back(k);
+    keys.erase(keys.begin()); // CompilerString, written first by someone else
+    std::vector<std::string> order = {"Keywords0", "Keywords1", "Keywords2"};
+    for (int i = 0; i < 6; ++i) order.push_back("KeywordColor" + std::to_string(i));
+    for (const char* k : {"WordWrap", "AutoCode", "CodeOrder", "AutoComplete", "TabWidth",
+                          "TextColor", "BGColor", "AutoBracers", "RealTabs", "SysTray"})
+        order.push_back(k);
+    for (int i = 0; i < 8; ++i)
+        for (const char* k : {"DelimiterStart", "DelimiterEnd", "DelimiterColor"})
+            order.push_back(k + std::to_string(i));
+    for (const char* k : {"Backup", "KeywordCount", "EditorFont", "EditorSize", "EditorBold",
+                          "EditorItalic", "Case Sensitive"})
+        order.push_back(k);
+    EXPECT_EQ(keys, order);
+    EXPECT_EQ(store.GetSetting("Kestrum", "Settings", "SysTray"), "0");
+}
