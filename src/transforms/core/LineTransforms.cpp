@@ -1,5 +1,7 @@
 #include "transforms/core/LineTransforms.h"
 
+#include "transforms/core/TextConversions.h"
+
 #include <algorithm>
 
 namespace {
@@ -7,15 +9,10 @@ struct Line {
     int64_t start, length; // length without the line end
 };
 
-// The line that holds pos: from behind the previous LF to before the next CR LF (or the end).
+// The line that holds pos, without its line end.
 Line LineAt(std::string_view t, int64_t pos) {
-    int64_t n = int64_t(t.size());
-    pos = std::clamp<int64_t>(pos, 0, n);
-    int64_t s = pos;
-    while (s > 0 && t[size_t(s - 1)] != '\n') --s;
-    int64_t e = s;
-    while (e < n && t[size_t(e)] != '\r' && t[size_t(e)] != '\n') ++e;
-    return {s, e - s};
+    TextRange r = LineAround(t, pos);
+    return {r.start, r.length};
 }
 
 // Where the next line starts, or -1 behind the last one.
