@@ -1,6 +1,7 @@
 #include "transforms/core/MiscSubs.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -63,4 +64,27 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, std::string& err
         return false;
     }
     return true;
+}
+
+namespace {
+// The digits of a whole number with a comma between each group of three; 0 gives "".
+std::string GroupThousands(unsigned long long n) {
+    std::string digits = n ? std::to_string(n) : std::string();
+    for (size_t i = digits.size(); i > 3; i -= 3) digits.insert(i - 3, 1, ',');
+    return digits;
+}
+} // namespace
+
+std::string SizeText(double bytes) {
+    static const char* const kUnits[] = {" GB", " MB", " KB"};
+    for (int i = 0; i < 3; ++i) {
+        const double unit = std::pow(2.0, 10.0 * (3 - i));
+        if (bytes < unit) continue;
+        // "###,###.000": the value rounded to thousandths, the whole part grouped.
+        const auto thousandths = static_cast<unsigned long long>(std::llround(bytes / unit * 1000));
+        char frac[8];
+        std::snprintf(frac, sizeof frac, ".%03llu", thousandths % 1000);
+        return GroupThousands(thousandths / 1000) + frac + kUnits[i];
+    }
+    return GroupThousands(static_cast<unsigned long long>(std::llround(bytes))) + " Bytes";
 }

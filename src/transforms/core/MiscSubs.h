@@ -19,3 +19,7 @@ std::string_view LTrim(std::string_view s);
 // Reads a whole file. On failure (missing, a folder, a read error) returns false with the
 // system's reason in error.
 bool ReadWholeFile(const std::string& path, std::string& bytes, std::string& error);
+
+// A size in bytes as text: whole bytes as "###,###" plus " Bytes" (0 gives " Bytes"), from
+// 1 KB on the size in KB, MB or GB with three decimals ("1.500 KB").
+std::string SizeText(double bytes);

@@ -1,0 +1,124 @@
+#include "filetools/core/FileInfoMod.h"
+#include "filetools/core/FolderListing.h"
+#include "transforms/core/MiscSubs.h"
+
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+TEST(FileInfo, SizeText) {
+    const std::pair<double, const char*> cases[] = {
+        {0, " Bytes"},          {1, "1 Bytes"},           {1023, "1,023 Bytes"},
+        {1024, "1.000 KB"},     {1536, "1.500 KB"},       {1048575, "1,023.999 KB"},
+        {1048576, "1.000 MB"},  {1073741824, "1.000 GB"}, {5497558138880.0, "5,120.000 GB"},
+        {999999, "976.562 KB"},
+    };
+    for (auto [size, text] : cases) EXPECT_EQ(SizeText(size), text) << size;
+}
+
+TEST(FileInfo, DatesAndAttributes) {
+    const std::pair<int64_t, const char*> dates[] = {
+        {0, "1/1/1970 0:0:0"}, {951782400 + 3723, "29/2/2000 1:2:3"}, {1700000000, "14/11/2023 22:13:20"}};
+    for (auto [t, text] : dates) EXPECT_EQ(DateText(t), text) << t;
+
+    struct Case {
+        const char* name;
+        bool writable, dir, link;
+        uint32_t flags;
+    } cases[] = {{"a.txt", true, false, false, 0},
+                 {".profile", true, false, false, kAttrHidden},
+                 {"ro", false, false, false, kAttrReadOnly},
+                 {".d", false, true, true, kAttrHidden | kAttrReadOnly | kAttrDirectory | kAttrReparse}};
+    for (auto& c : cases) EXPECT_EQ(AttributeFlags(c.name, c.writable, c.dir, c.link), c.flags) << c.name;
+
+    FileInfoRecord r;
+    r.sizeLow = 5;
+    EXPECT_EQ(DisplayedSize(r), 5);
+    r.sizeHigh = 2; // the high half alone, as the dialog shows it
+    EXPECT_EQ(DisplayedSize(r), 2);
+}
+
+TEST(FileInfo, RecordOfRealFiles) {
+    TempDir dir;
+    const std::string f = dir.write(".hid", "12345");
+    struct timespec times[2] = {{1000000000, 0}, {1200000000, 0}}; // access, modification
+    ASSERT_EQ(::utimensat(AT_FDCWD, f.c_str(), times, 0), 0);
+    FileInfoRecord r = FileInfoMod(f);
+    EXPECT_EQ(r.fileName, ".hid");
+    EXPECT_EQ(r.sizeLow, 5u);
+    EXPECT_EQ(r.lastAccessTime, 1000000000);
+    EXPECT_EQ(r.lastWriteTime, 1200000000);
+    EXPECT_GT(r.creationTime, 1200000000); // born now, whether birth or change time
+    EXPECT_EQ(r.attributes & (kAttrHidden | kAttrReadOnly | kAttrDirectory), kAttrHidden);
+
+    ASSERT_EQ(::chmod(f.c_str(), 0444), 0);
+    const bool root = ::geteuid() == 0; // root may write anything
+    EXPECT_EQ((FileInfoMod(f).attributes & kAttrReadOnly) != 0, !root);
+    ASSERT_EQ(::symlink(f.c_str(), dir.file("ln").c_str()), 0);
+    EXPECT_EQ(FileInfoMod(dir.file("ln")).attributes & kAttrReparse, kAttrReparse);
+    EXPECT_EQ(FileInfoMod(dir.path()).attributes & kAttrDirectory, kAttrDirectory);
+    EXPECT_EQ(FileInfoMod(dir.file("missing")).fileName, "");
+}
+
+TEST(FolderListing, ImagesAndPatterns) {
+    const std::pair<const char*, int> images[] = {
+        {"README", kImageFile},    {"a.Htm", kImageWebPage}, {"x.tar.gz", kImageArchive},
+        {"p.JPEG", kImagePicture}, {"v.it", kImageMedia},    {"t.txt", kImageText},
+        {"s.bat", kImageProgram},  {"l.lnk", kImageSystem},  {"h.hlp", kImageHelp},
+        {"x.ht", kImageFile},      {"x.", kImageFile},       {"x.t", kImageFile},
+    };
+    for (auto [name, image] : images) EXPECT_EQ(FileImageIndex(name), image) << name;
+
+    struct Case {
+        const char *name, *pattern;
+        bool match;
+    } cases[] = {{"noext", "*.*", true},   {"a.C", "*.c", true},     {"a.h", "*.c;*.h", true},
+                 {"a.cpp", "*.c", false},  {"b.txt", "a*", false},  {"a.txt", "", true}};
+    for (auto& c : cases) EXPECT_EQ(MatchesPattern(c.name, c.pattern), c.match) << c.name << " " << c.pattern;
+}
+
+TEST(FolderListing, PathsDrivesAndTokens) {
+    const std::pair<const char*, const char*> parents[] = {
+        {"/", ""}, {"/home", "/"}, {"/home/u/", "/home"}, {"/a/b/c", "/a/b"}};
+    for (auto [path, parent] : parents) EXPECT_EQ(ParentFolder(path), parent) << path;
+    EXPECT_EQ(ParentRowText("/home"), ".. [/home]");
+
+    const std::string table = "proc /proc proc rw 0 0\n"
+                              "/dev/sdb1 /media/u/My\\040Stick vfat rw 0 0\n"
+                              "/dev/sdc1 /mnt/data ext4 rw 0 0\n"
+                              "/dev/sdd1 /run/media/u/CAM vfat rw 0 0\n"
+                              "/dev/sde1 /run/media/other/X vfat rw 0 0\n"
+                              "/dev/sdc1 /mnt/data ext4 rw 0 0\n";
+    std::vector<std::string> got;
+    for (const Drive& d : DrivesFrom(table, "/home/u", "u")) got.push_back(d.text + "=" + d.path);
+    EXPECT_EQ(got, (std::vector<std::string>{"/=/", "u=/home/u", "My Stick=/media/u/My Stick",
+                                             "data=/mnt/data", "CAM=/run/media/u/CAM"}));
+
+    const char* filters = "Text|*.txt|All Files|*.*";
+    const std::pair<int, const char*> tokens[] = {{1, "Text"}, {2, "*.txt"}, {4, "*.*"}, {5, ""}, {0, ""}};
+    for (auto [i, token] : tokens) EXPECT_EQ(FilterToken(i, filters, "|"), token) << i;
+}
+
+TEST(FolderListing, ListsAFolder) {
+    TempDir dir;
+    for (const char* f : {"b.txt", "A.c", "a.h", ".hidden", "bad\xff\nname"}) dir.write(f, "");
+    ::mkdir(dir.file("Zdir").c_str(), 0755);
+    ::mkdir(dir.file("adir").c_str(), 0755);
+    ::symlink("loop", dir.file("loop").c_str());          // a link to itself: skipped
+    ::symlink(dir.file("adir").c_str(), dir.file("ln").c_str()); // a link to a folder
+    FolderListing l = ListFolder(dir.path(), {});
+    ASSERT_TRUE(l.ok);
+    EXPECT_EQ(l.folders, (std::vector<std::string>{"adir", "ln", "Zdir"}));
+    EXPECT_EQ(l.files, (std::vector<std::string>{"A.c", "a.h", "b.txt", "bad\xff\nname"}));
+    EXPECT_EQ(ListFolder(dir.path(), {"*.C;*.txt", true}).files,
+              (std::vector<std::string>{"A.c", "b.txt"}));
+    EXPECT_EQ(ListFolder(dir.path(), {"*", true}).files.front(), ".hidden");
+
+    FolderListing gone = ListFolder(dir.file("gone"), {});
+    EXPECT_FALSE(gone.ok);
+    EXPECT_FALSE(gone.error.empty());
+}

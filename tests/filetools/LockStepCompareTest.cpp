@@ -1,0 +1,89 @@
+#include "filetools/core/LockStepCompare.h"
+
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+// Rows as "pair icon text1|text2", one string per row.
+std::vector<std::string> Rows(const ComparisonResult& r) {
+    std::vector<std::string> out;
+    for (const auto& row : r.rows)
+        out.push_back(std::to_string(row.pair) + " " + std::to_string(ComparisonResult::Icon(row)) +
+                      " " + std::string(r.Text1(row)) + "|" + std::string(r.Text2(row)));
+    return out;
+}
+
+ComparisonResult Compare(std::string a, std::string b, CompareOptions o, bool readable2 = true) {
+    ComparisonResult r;
+    r.bytes1 = std::move(a);
+    r.bytes2 = std::move(b);
+    CompareLockStep(r, true, readable2, o);
+    return r;
+}
+} // namespace
+
+TEST(LockStepCompare, Rules) {
+    struct Case {
+        const char* name;
+        std::string first, second;
+        CompareOptions options;
+        std::vector<std::string> rows;
+    };
+    const CompareOptions plain{}, cs{true, false, false}, diff{false, true, false},
+        blanks{false, false, true};
+    const std::vector<Case> cases = {
+        {"two empty files give one identical row", "", "", plain, {"1 2 |"}},
+        {"two empty files, only differences", "", "", diff, {}},
+        {"identical files, only differences", "a\nb\n", "a\nb\n", diff, {}},
+        {"case differs only when sensitive", "a\n", "A\n", plain, {"1 2 a|A"}},
+        {"case sensitive", "a\n", "A\n", cs, {"1 1 a|A"}},
+        {"trimmed of spaces, not tabs", "  x  \n\ty\n", "x\ny\n", plain, {"1 2 x|x", "2 1 \ty|y"}},
+        {"CR LF, LF and lone CR end lines", "a\r\nb\rc\nd", "a\nb\nc\nd\n", plain,
+         {"1 2 a|a", "2 2 b|b", "3 2 c|c", "4 2 d|d"}},
+        {"CR LF is one line end", "a\r\n\r\nb", "a\n\nb", plain, {"1 2 a|a", "2 2 |", "3 2 b|b"}},
+        {"shorter file ends the loop; a prefix gives no difference", "a\nb\n", "a\nb\nc\nd\n",
+         plain, {"1 2 a|a", "2 2 b|b"}},
+        {"one line inserted at the top", "new\na\nb\nc\n", "a\nb\nc\n", plain,
+         {"1 1 new|a", "2 1 a|b", "3 1 b|c"}},
+        {"blank lines skipped; pairs count, not lines", "a\n\n  \nb\n", "a\nb\n", blanks,
+         {"1 2 a|a", "2 2 b|b"}},
+        {"blank lines kept without the option", "a\n\nb\n", "a\nb\n", plain,
+         {"1 2 a|a", "2 1 |b"}},
+        {"trailing blanks at the end read back empty", "a\n\n\n", "a\nb\n", blanks,
+         {"1 2 a|a", "2 1 |b"}},
+        {"pair numbers go on under only-differences", "a\nx\nc\ny\n", "a\nb\nc\nd\n", diff,
+         {"2 1 x|b", "4 1 y|d"}},
+        {"binary bytes are text", std::string("\0\xff\n", 3), std::string("\0\xfe\n", 3), plain,
+         {std::string("1 1 \0\xff|\0\xfe", 9)}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Rows(Compare(c.first, c.second, c.options)), c.rows) << c.name;
+}
+
+TEST(LockStepCompare, UnreadableSideIsEmptyAndEndsAfterOnePair) {
+    EXPECT_EQ(Rows(Compare("a\nb\n", "", {}, false)), (std::vector<std::string>{"1 1 a|"}));
+
+    TempDir dir;
+    const std::string one = dir.write("one", "x\ny\n");
+    // A folder, a missing file, the file against itself.
+    struct Case {
+        std::string second;
+        std::vector<std::string> rows;
+    } cases[] = {{dir.path(), {"1 1 x|"}},
+                 {dir.file("missing"), {"1 1 x|"}},
+                 {one, {"1 2 x|x", "2 2 y|y"}}};
+    for (const auto& c : cases) EXPECT_EQ(Rows(CompareFiles(one, c.second, {})), c.rows) << c.second;
+}
+
+TEST(LockStepCompare, LongLinesAndManyLines) {
+    const std::string big(5 << 20, 'z');
+    auto r = Compare(big + "\n", big + "\r\n", {});
+    ASSERT_EQ(r.rows.size(), 1u);
+    EXPECT_EQ(r.Text1(r.rows[0]).size(), big.size());
+    EXPECT_TRUE(r.rows[0].identical);
+
+    // Only lone CRs: each line found once (a quadratic scan would take minutes here).
+    std::string crs;
+    for (int i = 0; i < 200000; ++i) crs += "l\r";
+    EXPECT_EQ(Compare(crs, crs, {}).rows.size(), 200000u);
+}
