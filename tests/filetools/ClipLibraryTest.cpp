@@ -1,0 +1,83 @@
+#include "filetools/core/ClipLibrary.h"
+#include "support/TempDir.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(ClipLibrary, ParsesSnippetLines) {
+    struct Case {
+        const char* name;
+        std::string bytes;
+        Lines snippets;
+    };
+    const std::vector<Case> cases = {
+        {"empty file", "", {}},
+        {"blank lines left out, others kept untrimmed", "  a  \r\n   \r\n\r\nb\r\n",
+         {"  a  ", "b"}},
+        {"a tab-only line is not blank to the space trim", "\t\r\n", {"\t"}},
+        {"CR-only and LF-only ends", "a\rb\nc", {"a", "b", "c"}},
+        {"no end after the last line", "x\\ny", {"x\\ny"}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(ParseClipLibrary(c.bytes), c.snippets) << c.name;
+}
+
+TEST(ClipLibrary, HugeLineIsOneSnippet) {
+    std::string line(5 * 1024 * 1024, 'x');
+    Lines s = ParseClipLibrary("a\r\n" + line + "\r\nb");
+    ASSERT_EQ(s.size(), 3u);
+    EXPECT_EQ(s[1].size(), line.size());
+}
+
+TEST(ClipLibrary, ExpandsLineBreaks) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"a\\nb", "a\r\nb"},
+        {"a\\\\nb", "a\\\r\nb"}, // a further backslash stays in front of the break
+        {"\\n\\n", "\r\n\r\n"},
+        {"a\\Nb", "a\\Nb"},      // upper case N is text
+        {"end\\", "end\\"},
+        {"   lead", "   lead"}, // leading blanks kept
+        {"", ""},
+    };
+    for (auto& [in, out] : cases) EXPECT_EQ(ExpandSnippet(in), out) << in;
+}
+
+TEST(ClipLibrary, FindsFirstPrefixIgnoringCase) {
+    const Lines s = {"printf(\"\");", "Println", "print", "#include <stdio.h>"};
+    const std::vector<std::pair<const char*, int>> cases = {
+        {"pri", 0}, {"PRINTL", 1}, {"print", 0}, {"#inc", 3}, {"zzz", -1},
+        {"printf(\"\");x", -1}, // longer than every entry
+    };
+    for (auto [word, index] : cases) EXPECT_EQ(FindClipPrefix(s, word), index) << word;
+    EXPECT_EQ(FindClipPrefix({}, "abc"), -1);
+}
+
+TEST(ClipLibrary, ListsPlainFilesOfAFolder) {
+    TempDir tmp;
+    tmp.write("b file", "x");
+    tmp.write("a.EXE", "x");
+    tmp.write(".hidden", "x");
+    std::filesystem::create_directory(tmp.file("sub"));
+    EXPECT_EQ(ListPlainFiles(tmp.path()), (Lines{"a.EXE", "b file"}));
+    EXPECT_TRUE(ListPlainFiles(tmp.file("missing")).empty());
+    EXPECT_TRUE(ListPlainFiles(tmp.file("b file")).empty()); // a file is not a folder
+}
+
+TEST(ClipLibrary, CatalogueShowsProgramsWithoutExtension) {
+    const std::vector<std::pair<std::string, TemplateItem>> cases = {
+        {"C program", {"C program", 1}},
+        {"tool.exe", {"tool", 2}},
+        {"Tool.ExE", {"Tool", 2}},
+        {"a.b.EXE", {"a.b", 2}},
+        {"exe", {"exe", 1}},
+        {"page.html", {"page.html", 1}},
+        {"x.exe.txt", {"x.exe.txt", 1}},
+    };
+    for (auto& [file, item] : cases)
+        EXPECT_EQ(TemplateCatalogue({file}), std::vector<TemplateItem>{item}) << file;
+}
+
+} // namespace
