@@ -3,7 +3,9 @@
 #include "app/AppGlobals.h"
 #include "app/SingleInstance.h"
 #include "app/core/PathHelpers.h"
+#include "app/core/WorkspaceFile.h"
 #include "components/cDialogs.h"
+#include "components/FlipPane.h"
 #include "components/cSysTray.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"
@@ -75,7 +77,10 @@ void frmMain::BuildWindow() {
     mdiArea->setObjectName("mdiArea");
     mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    v->addWidget(mdiArea, 1);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(0);
+    v->addLayout(row, 1);
+    BuildPanes(row);
     setCentralWidget(central);
 
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &frmMain::OnSubWindowActivated);
@@ -114,10 +119,6 @@ void frmMain::BuildWindow() {
     panels_[5]->setText("INS");
     panels_[6]->setText("CAPS");
     panels_[7]->setText("NUM");
-
-    // The completion list of the cliptext pane; filled when a library is chosen.
-    lstClip = new QListWidget(this);
-    lstClip->hide();
 
     BuildMenus();
     BuildToolbars();
@@ -178,16 +179,16 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
     tbEdit->setVisible(flag("EditToolBar", true));
     tbSearch->setVisible(flag("SearchToolBar", true));
     statusBar()->setVisible(flag("StatusBar", true));
-    BrowserRolledUp = !flag("FileBrowser", true);
-    ClipRolledUp = !flag("ClipText", true);
+    bool browserOpen = flag("FileBrowser", true), clipOpen = flag("ClipText", true);
+    RestorePanes(browserOpen, clipOpen);
     LastDir = GetSetting(app, "Settings", "LastDir", AppDir());
 
     for (int i = 1; i <= 5; ++i)
         RecentFiles[size_t(i)] = GetSetting(app, "Settings", QStringLiteral("RecentFile%1").arg(i));
     RefreshRecentFiles();
 
-    Command("mnuViewBrowser")->setChecked(!BrowserRolledUp);
-    Command("mnuViewCliptext")->setChecked(!ClipRolledUp);
+    Command("mnuViewBrowser")->setChecked(browserOpen);
+    Command("mnuViewCliptext")->setChecked(clipOpen);
     for (auto [item, band] : {std::pair{"mnuViewToolbarsCompiler", tbAdvanced},
                               {"mnuViewToolbarsEdit", tbEdit},
                               {"mnuViewToolbarsSearch", tbSearch},
@@ -212,9 +213,10 @@ void frmMain::LoadCommandLine(const QString& commandLine) {
                                    ", specified in the command line.\r\n" + why,
                                MsgButtons::OK, MsgIcon::Exclamation, AppTitle());
     };
-    if (name.endsWith(".KWS")) {
-        // Workspaces are opened by their own loader, which this build does not have yet.
-        fail(tr("Workspace files cannot be opened yet."));
+    if (IsWorkspaceName(ToBytes(name))) {
+        // The "Untitled 1" document made before stays beside the loaded ones.
+        QString error;
+        if (!LoadWorkspace(name, true, &error)) fail(error);
         return;
     }
     frmDocument* doc = ActiveForm();
@@ -250,8 +252,8 @@ void frmMain::MDIForm_Unload() {
     SaveSetting(app, "Settings", "EditToolBar", b(!tbEdit->isHidden()));
     SaveSetting(app, "Settings", "CursorToolBar", b(!picDOcInfo->isHidden()));
     SaveSetting(app, "Settings", "StatusBar", b(!statusBar()->isHidden()));
-    SaveSetting(app, "Settings", "FileBrowser", b(!BrowserRolledUp));
-    SaveSetting(app, "Settings", "ClipText", b(!ClipRolledUp));
+    SaveSetting(app, "Settings", "FileBrowser", b(!picBrowser->RolledUp()));
+    SaveSetting(app, "Settings", "ClipText", b(!picClipParent->RolledUp()));
     SaveSetting(app, "Settings", "LastDir", LastDir);
     if (sysTray) sysTray->SetInTray(false);
     SingleInstance::Stop();

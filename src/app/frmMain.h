@@ -14,7 +14,9 @@
 
 class QComboBox;
 class QLabel;
+class QBoxLayout;
 class QListWidget;
+class FlipPane;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
@@ -57,7 +59,6 @@ class frmMain : public QMainWindow {
     QString DocInfo() const;
 
     // --- File commands (frmMainFile.cpp) ---
-    void mnuFileNew_Click();
     void mnuFileOpen_Click();
     void mnuFileOpenHex_Click();
     void mnuFileOpenImage_Click();
@@ -96,8 +97,6 @@ class frmMain : public QMainWindow {
     void mnuViewToolbarsEdit_Click();
     void mnuViewToolbarsSearch_Click();
     void mnuViewToolbarsCursor_Click();
-    void mnuViewBrowser_Click();
-    void mnuViewCliptext_Click();
     void mnuViewRefresh_Click();
     void mnuViewRefreshColors_Click();
     void mnuViewFileInfo_Click();
@@ -125,7 +124,6 @@ class frmMain : public QMainWindow {
     void RefreshRecentFiles();
     void RefreshControls();
     void CreateSyntaxAssocs();
-    int GoClip(const QString& word) const;
     void PopupEditMenu(const QPoint& globalPos);
     // The menu item of a command by its name ("mnuFileSave"); null when there is none.
     QAction* Command(const QString& name) const;
@@ -152,6 +150,34 @@ class frmMain : public QMainWindow {
     void mnuHiddenOpenFile_Click();
     void mnuHiddenHexEditFile_Click();
 
+    // --- Workspaces, roll-up panes, templates and cliptext (frmMainWorkspace.cpp) ---
+    void mnuAdvancedSaveProject_Click();
+    void mnuAdvancedRestoreProject_Click();
+    // Opens every document a workspace file lists, in its order. false at the first entry
+    // that fails (its blank document stays), or at a read past the end after the last pair;
+    // the reason in *error. From the command line the profile is always set.
+    bool LoadWorkspace(const QString& path, bool fromCommandLine, QString* error);
+    // Shows the New dialog: a blank document or one from a template.
+    void mnuFileNew_Click();
+    void mnuFileExportTPL_Click();
+    void mnuFileExportClip_Click();
+    void mnuViewBrowser_Click();
+    void mnuViewCliptext_Click();
+    void lstClipFiles_Click();
+    void lstClip_DblClick();
+    // Lists the libraries of the cliptext folder again.
+    void RefreshClipFiles();
+    // The first entry of the cliptext list that begins with the word, ignoring case; -1.
+    int GoClip(const QString& word) const;
+    // The whole text of an entry of the cliptext list.
+    QString ClipEntry(int index) const;
+    QString TemplateFolder() const;
+    QString ClipTextFolder() const;
+    FlipPane* picBrowser = nullptr;
+    FlipPane* picClipParent = nullptr;
+    QWidget* picClip = nullptr;
+    QListWidget* lstClipFiles = nullptr;
+
     Subclass* subclass = nullptr;
     cSysTray* sysTray = nullptr;
     QMenu* mnuHidden = nullptr; // the tray's popup
@@ -172,8 +198,6 @@ class frmMain : public QMainWindow {
     QToolBar* tbSearch = nullptr;   // "Search"
 
     std::array<QString, 6> RecentFiles; // 1 to 5 used
-    bool BrowserRolledUp = false;
-    bool ClipRolledUp = false;
     QString LastDir;
     // The one common dialog of the file commands; what a command sets stays for the next.
     FileDialogOptions dlgCommonDialog;
@@ -189,6 +213,8 @@ class frmMain : public QMainWindow {
     void BuildWindow();
     void BuildMenus();
     void BuildToolbars();
+    void BuildPanes(QBoxLayout* row);
+    void RestorePanes(bool browserOpen, bool clipOpen);
     void tabFiles_Click(int index);
     void OnSubWindowActivated(QMdiSubWindow* w);
     void LoadCommandLine(const QString& commandLine);

@@ -347,18 +347,6 @@ void frmMain::mnuViewToolbarsCursor_Click() {
     ToggleBand(Command("mnuViewToolbarsCursor"), picDOcInfo);
 }
 
-void frmMain::mnuViewBrowser_Click() {
-    QAction* a = Command("mnuViewBrowser");
-    a->setChecked(BrowserRolledUp);
-    BrowserRolledUp = !a->isChecked();
-}
-
-void frmMain::mnuViewCliptext_Click() {
-    QAction* a = Command("mnuViewCliptext");
-    a->setChecked(ClipRolledUp);
-    ClipRolledUp = !a->isChecked();
-}
-
 void frmMain::mnuViewRefresh_Click() {
     RefreshControls();
     for (frmDocument* doc : Documents().OpenDocuments()) {
@@ -490,11 +478,4 @@ void frmMain::mnuFormatUnindent_Click() { RunLineCommand(int(LineStep::Unindent)
 
 void frmMain::mnuFormatCommentBlock_Click() {
     if (frmDocument* doc = ActiveForm()) doc->CommentBlock();
-}
-
-int frmMain::GoClip(const QString& word) const {
-    // The first entry that begins with the word, ignoring case.
-    for (int i = 0; i < lstClip->count(); ++i)
-        if (lstClip->item(i)->text().startsWith(word, Qt::CaseInsensitive)) return i;
-    return -1;
 }

@@ -98,10 +98,6 @@ void OpenInHexEditor(const QString& path) {
 
 // ---------------------------------------------------------------- new, open, close
 
-void frmMain::mnuFileNew_Click() {
-    NewDocument();
-}
-
 void frmMain::mnuFileOpen_Click() {
     FileDialogOptions& dlg = dlgCommonDialog;
     dlg.initDir = LastDir;

@@ -443,7 +443,7 @@ void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
         std::string word(Trim(rtfText->SelText()));
         int i = word.size() < 3 ? -1 : m->GoClip(rtfText->FromDocumentBytes(word));
         // An entry that a Latin-1 document cannot hold is not put in.
-        auto entry = i < 0 ? std::nullopt : rtfText->ToDocumentBytes(m->lstClip->item(i)->text());
+        auto entry = i < 0 ? std::nullopt : rtfText->ToDocumentBytes(m->ClipEntry(i));
         if (!entry) {
             rtfText->SetSelStart(p);
             return;

@@ -17,7 +17,7 @@ struct FileCommandsFixture : AppFixture {
 
     // A new document holding text as typed, so that it counts as changed.
     frmDocument* NewWithText(std::string_view text) {
-        main->mnuFileNew_Click();
+        NewDocument();
         Settle();
         frmDocument* d = Doc();
         d->rtfText->SetText(text);

@@ -57,8 +57,8 @@ TEST_F(FileSaveTest, AnUntitledDocumentAsksForANameWithTheSaveDialog) {
 // tab that carries the document's key.
 TEST_F(FileSaveTest, SaveNamesTheTabByPositionAndSaveAsByKey) {
     // Slots 1 to 3 untitled, slot 1 closed: the tab at position n is slot n + 1's.
-    main->mnuFileNew_Click();
-    main->mnuFileNew_Click();
+    NewDocument();
+    NewDocument();
     Settle();
     Slot(1)->CloseWith(frmDocument::vbFormCode);
     Settle();

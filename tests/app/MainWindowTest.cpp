@@ -1,3 +1,4 @@
+#include "components/FlipPane.h"
 #include "support/AppFixture.h"
 
 #include <QStatusBar>
@@ -26,7 +27,7 @@ TEST_F(MainWindowTest, FirstStartMaximisesAndLaterStartsRestoreTheWindow) {
     main->setGeometry(40, 50, 700, 500);
     main->tbSearch->hide();
     main->statusBar()->hide();
-    main->BrowserRolledUp = true;
+    main->picBrowser->Rollup();
     main->LastDir = "/tmp/";
     Restart();
     EXPECT_FALSE(main->isMaximized());
@@ -39,7 +40,7 @@ TEST_F(MainWindowTest, FirstStartMaximisesAndLaterStartsRestoreTheWindow) {
     EXPECT_EQ(Setting("LastDir"), "/tmp/");
     EXPECT_TRUE(main->tbSearch->isHidden());
     EXPECT_TRUE(main->statusBar()->isHidden());
-    EXPECT_TRUE(main->BrowserRolledUp);
+    EXPECT_TRUE(main->picBrowser->RolledUp());
 }
 
 TEST_F(MainWindowTest, AChangedBuildNumberResetsEditorSettingsAndAssociations) {

@@ -1,4 +1,5 @@
 #include "app/CommandTable.h"
+#include "components/FlipPane.h"
 #include "support/AppFixture.h"
 
 #include <QClipboard>
@@ -127,7 +128,7 @@ TEST_F(MenuCommandsTest, ToolbarItemsAndBandsAreRememberedAcrossStarts) {
     EXPECT_TRUE(main->tbAdvanced->isHidden());
     Run("mnuViewBrowser");
     EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
-    EXPECT_TRUE(main->BrowserRolledUp);
+    EXPECT_TRUE(main->picBrowser->RolledUp());
     main->close();
     main.reset();
     Start();

@@ -45,16 +45,6 @@ TEST(ClipLibrary, ExpandsLineBreaks) {
     for (auto& [in, out] : cases) EXPECT_EQ(ExpandSnippet(in), out) << in;
 }
 
-TEST(ClipLibrary, FindsFirstPrefixIgnoringCase) {
-    const Lines s = {"printf(\"\");", "Println", "print", "#include <stdio.h>"};
-    const std::vector<std::pair<const char*, int>> cases = {
-        {"pri", 0}, {"PRINTL", 1}, {"print", 0}, {"#inc", 3}, {"zzz", -1},
-        {"printf(\"\");x", -1}, // longer than every entry
-    };
-    for (auto [word, index] : cases) EXPECT_EQ(FindClipPrefix(s, word), index) << word;
-    EXPECT_EQ(FindClipPrefix({}, "abc"), -1);
-}
-
 TEST(ClipLibrary, ListsPlainFilesOfAFolder) {
     TempDir tmp;
     tmp.write("b file", "x");

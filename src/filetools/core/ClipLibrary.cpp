@@ -33,23 +33,6 @@ std::string ExpandSnippet(std::string_view snippet) {
     return out;
 }
 
-namespace {
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
-}
-} // namespace
-
-int FindClipPrefix(const std::vector<std::string>& snippets, std::string_view word) {
-    for (size_t i = 0; i < snippets.size(); ++i) {
-        const std::string& s = snippets[i];
-        if (s.size() < word.size()) continue;
-        if (std::equal(word.begin(), word.end(), s.begin(),
-                       [](char a, char b) { return Lower(a) == Lower(b); }))
-            return int(i);
-    }
-    return -1;
-}
-
 std::vector<std::string> ListPlainFiles(const std::string& folder) {
     namespace fs = std::filesystem;
     std::vector<std::string> names;

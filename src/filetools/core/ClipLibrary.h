@@ -12,9 +12,6 @@ std::vector<std::string> ParseClipLibrary(std::string_view bytes);
 // A snippet as inserted: each backslash followed by a lower-case n becomes CR LF.
 std::string ExpandSnippet(std::string_view snippet);
 
-// The index of the first snippet that begins with word, ASCII case ignored; -1 for none.
-int FindClipPrefix(const std::vector<std::string>& snippets, std::string_view word);
-
 // The plain files of a folder, by name, hidden ones left out. A missing or unreadable
 // folder gives an empty list.
 std::vector<std::string> ListPlainFiles(const std::string& folder);

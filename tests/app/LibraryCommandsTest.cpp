@@ -1,0 +1,149 @@
+// The roll-up panes, templates and cliptext libraries, against the test's own program folder.
+#include "app/FileCommandsFixture.h"
+#include "components/FlipPane.h"
+#include "filetools/frmNewFile.h"
+
+#include <QAction>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTimer>
+#include <filesystem>
+
+struct LibraryTest : FileCommandsFixture {
+    std::string AppFile(const std::string& name, std::string_view bytes) {
+        std::filesystem::create_directories(std::filesystem::path(tmp.file("app/" + name)).parent_path());
+        return tmp.write("app/" + name, bytes);
+    }
+    QStringList Items(QListWidget* l) {
+        QStringList out;
+        for (int i = 0; i < l->count(); ++i) out << l->item(i)->text();
+        return out;
+    }
+    void ChooseLibrary(const QString& name) {
+        main->RefreshClipFiles();
+        auto found = main->lstClipFiles->findItems(name, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << name.toStdString();
+        main->lstClipFiles->setCurrentItem(found.first());
+        main->lstClipFiles_Click();
+    }
+};
+
+TEST_F(LibraryTest, PaneStateGoesThroughTheSettings) {
+    main->mnuViewCliptext_Click();
+    EXPECT_TRUE(main->picClipParent->RolledUp());
+    EXPECT_FALSE(main->Command("mnuViewCliptext")->isChecked());
+    // A click on the browser's title rolls it up and clears its menu mark.
+    main->picBrowser->cmdMenu_Click();
+    EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
+    main->close();
+    main.reset();
+    EXPECT_EQ(Setting("ClipText"), "False");
+    EXPECT_EQ(Setting("FileBrowser"), "False");
+    Start();
+    EXPECT_TRUE(main->picClipParent->RolledUp());
+    EXPECT_TRUE(main->picBrowser->RolledUp());
+    main->mnuViewCliptext_Click();
+    EXPECT_FALSE(main->picClipParent->RolledUp());
+    EXPECT_TRUE(main->Command("mnuViewCliptext")->isChecked());
+    main->picBrowser->cmdMenu_Click();
+    EXPECT_TRUE(main->Command("mnuViewBrowser")->isChecked());
+}
+
+TEST_F(LibraryTest, NewDocumentFromTheTemplateList) {
+    AppFile("template/C program", "int main(void)\n{\n}\n");
+    AppFile("template/tool.EXE", "MZ");
+    struct Case {
+        const char* choice; // empty: none selected
+        bool useTemplate;
+        std::string text;
+    };
+    const std::vector<Case> cases = {
+        {"C program", true, "int main(void)\r\n{\r\n}\r\n"},
+        {"C program", false, ""}, // blank chosen: the selection is not used
+        {"tool", true, ""},       // a program entry cannot be read: empty document
+        {"", true, ""},           // nothing selected: an empty document all the same
+    };
+    for (const Case& c : cases) {
+        frmNewFile dlg(main->TemplateFolder(), main.get());
+        dlg.Form_Activate();
+        ASSERT_EQ(Items(dlg.lstTemplates), (QStringList{"C program", "tool"}));
+        if (*c.choice) dlg.lstTemplates->setCurrentItem(dlg.lstTemplates->findItems(c.choice, Qt::MatchExactly).first());
+        (c.useTemplate ? dlg.optTemplate : dlg.optBlank)->setChecked(true);
+        size_t before = OpenCount();
+        dlg.cmdOK_Click();
+        Settle();
+        EXPECT_EQ(OpenCount(), before + 1) << c.choice;
+        EXPECT_EQ(Text(Doc()), c.text) << c.choice;
+        EXPECT_TRUE(Doc()->Tag.isEmpty());
+        EXPECT_FALSE(Doc()->Changed);
+        EXPECT_TRUE(Doc()->Caption().startsWith("Untitled "));
+    }
+    // A missing folder lists nothing; Cancel through the menu makes nothing.
+    frmNewFile none(Path("nowhere/"), main.get());
+    none.Form_Activate();
+    EXPECT_EQ(none.lstTemplates->count(), 0);
+    size_t before = OpenCount();
+    QTimer::singleShot(0, [] {
+        if (auto* d = qobject_cast<frmNewFile*>(QApplication::activeModalWidget())) d->cmdCancel_Click();
+    });
+    main->mnuFileNew_Click();
+    EXPECT_EQ(OpenCount(), before);
+}
+
+TEST_F(LibraryTest, ExportsSaveTheActiveDocumentUnderTheGivenName) {
+    Doc()->rtfText->SetText("first\n");
+    dialogs.AnswerInput("Mine");
+    main->mnuFileExportTPL_Click();
+    EXPECT_EQ(Last().caption, "Save Template");
+    EXPECT_EQ(ReadFileBytes(tmp.file("app/template/Mine")), "first\r\n");
+    Doc()->rtfText->SetText("second\n");
+    dialogs.AnswerInput("Mine"); // overwritten without a question
+    main->mnuFileExportTPL_Click();
+    EXPECT_EQ(ReadFileBytes(tmp.file("app/template/Mine")), "second\r\n");
+    dialogs.AnswerInput(""); // Cancel
+    main->mnuFileExportClip_Click();
+    EXPECT_FALSE(FileExists(tmp.file("app/cliptext/")));
+    dialogs.AnswerInput("Lib");
+    main->mnuFileExportClip_Click();
+    EXPECT_EQ(Last().caption, "Save Cliptext");
+    EXPECT_EQ(Items(main->lstClipFiles), QStringList{"Lib"}); // listed at once
+}
+
+TEST_F(LibraryTest, SnippetsInsertAtTheCaretAndFeedCompletion) {
+    AppFile("cliptext/C", "printf(\"%d\\n\", x);\r\n   \r\nif (a) {\\n}\r\n  lead\r\n");
+    ChooseLibrary("C");
+    ASSERT_EQ(Items(main->lstClip), (QStringList{"printf(\"%d\\n\", x);", "if (a) {\\n}", "  lead"}));
+    struct Case {
+        int row;
+        std::string result;
+    };
+    const std::vector<Case> cases = {
+        {1, "<if (a) {\r\n}>"},
+        {0, "<printf(\"%d\r\n\", x);>"},
+        {2, "<  lead>"},
+        {-1, "<>"}, // nothing selected: nothing inserted
+    };
+    for (const Case& c : cases) {
+        Doc()->rtfText->SetText("<>");
+        Doc()->rtfText->SetSelStart(1);
+        main->lstClip->setCurrentRow(c.row);
+        main->lstClip_DblClick();
+        EXPECT_EQ(Text(Doc()), c.result) << c.row;
+    }
+    EXPECT_EQ(main->GoClip("PRIN"), 0);
+    EXPECT_EQ(main->GoClip("zzz"), -1);
+    // Another library replaces the list, and an empty one empties it.
+    AppFile("cliptext/empty", "");
+    ChooseLibrary("empty");
+    EXPECT_EQ(main->lstClip->count(), 0);
+}
+
+TEST_F(LibraryTest, AHugeSnippetIsShownShortAndKeptWhole) {
+    std::string huge(5 << 20, 'w');
+    AppFile("cliptext/big", "small\r\n" + huge + "\r\n");
+    ChooseLibrary("big");
+    ASSERT_EQ(main->lstClip->count(), 2);
+    EXPECT_LT(main->lstClip->item(1)->text().size(), 10000);
+    EXPECT_EQ(main->ClipEntry(1).size(), qsizetype(huge.size()));
+    EXPECT_EQ(main->GoClip("www"), 1);
+}
