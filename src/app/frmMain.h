@@ -88,10 +88,7 @@ class frmMain : public QMainWindow {
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
     void mnuEditPasteNew_Click();
-    void mnuEditSelectLine_Click();
     void mnuEditSelectAll_Click();
-    void mnuEditDateTime_Click();
-    void mnuEditDeleteLine_Click();
     void mnuEditToggleWrap_Click();
     void mnuViewToolbarsCompiler_Click();
     void mnuViewToolbarsEdit_Click();
@@ -114,10 +111,31 @@ class frmMain : public QMainWindow {
     void mnuWindowResAll_Click();
     void mnuWindowCloseAll_Click();
     void mnuHelpContents_Click();
-    void mnuFormatIndent_Click();
-    void mnuFormatUnindent_Click();
     void mnuFormatCommentBlock_Click();
     void cboProfiles_Click();
+
+    // --- Text transforms and HTML assistants (frmMainTransforms.cpp) ---
+    void mnuFormatIndent_Click();
+    void mnuFormatUnindent_Click();
+    void mnuFormatTrimTrailing_Click();
+    void mnuFormatTrimPreceding_Click();
+    void mnuFOrmatTrim_Click();
+    void mnuFormatPageBreak_Click();
+    void mnuFOrmatUpper_Click();
+    void mnuFormatLower_Click();
+    void mnuFormatCapSentence_Click();
+    void mnuFormatTabsToSpaces_Click();
+    void mnuFormatSpacestoTabs_Click();
+    void mnuEditConvertToDOS_Click();
+    void mnuEditConvertToUnix_Click();
+    void mnuEditDeleteLine_Click();
+    void mnuEditSelectLine_Click();
+    void mnuEditDateTime_Click();
+    void mnuFormatHTMLCompact_Click();
+    void mnuFormatHTMLLoose_Click();
+    void FormatHTMLIndented();
+    void mnuFormatHTML_Click();
+    void mnuEditInsertSpecialChars_Click();
 
     // --- Shared by the commands ---
     void CycleRecentFiles(const QString& name);
@@ -218,7 +236,6 @@ class frmMain : public QMainWindow {
     void tabFiles_Click(int index);
     void OnSubWindowActivated(QMdiSubWindow* w);
     void LoadCommandLine(const QString& commandLine);
-    void RunLineCommand(int step);
     bool eventFilter(QObject* o, QEvent* e) override;
 
     std::array<QLabel*, 8> panels_{};

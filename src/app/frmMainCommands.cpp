@@ -282,44 +282,11 @@ void frmMain::mnuEditPasteNew_Click() {
     if (auto bytes = ClipboardBytes(*doc->rtfText)) doc->rtfText->SetSelText(*bytes);
 }
 
-void frmMain::mnuEditSelectLine_Click() {
-    frmDocument* doc = ActiveForm();
-    if (!doc) return;
-    RichEdit* e = doc->rtfText;
-    int64_t start = e->LineIndex(e->LineFromChar(e->SelStart()));
-    e->SetSelStart(start);
-    e->SetSelLength(e->LineLength(start));
-}
-
 void frmMain::mnuEditSelectAll_Click() {
     frmDocument* doc = ActiveForm();
     if (!doc) return;
     doc->rtfText->SetSelStart(0);
     doc->rtfText->SetSelLength(doc->rtfText->TextLength());
-}
-
-void frmMain::mnuEditDateTime_Click() {
-    frmDocument* doc = ActiveForm();
-    if (!doc) return;
-    QLocale l;
-    QDateTime now = QDateTime::currentDateTime();
-    QString s = l.toString(now.date(), QLocale::ShortFormat) + " " +
-                l.toString(now.time(), QLocale::ShortFormat);
-    if (auto bytes = doc->rtfText->ToDocumentBytes(s)) doc->rtfText->SetSelText(*bytes);
-}
-
-void frmMain::mnuEditDeleteLine_Click() {
-    frmDocument* doc = ActiveForm();
-    if (!doc) return;
-    RichEdit* e = doc->rtfText;
-    int line = e->LineFromChar(e->SelStart());
-    int64_t start = e->LineIndex(line);
-    e->SetSelStart(start);
-    if (line + 1 >= e->GetLineCount())
-        e->SetSelLength(e->LineLength(start));
-    else
-        e->SetSelLength(e->LineIndex(line + 1) - start);
-    e->SetSelText("");
 }
 
 void frmMain::mnuEditToggleWrap_Click() {
@@ -458,23 +425,6 @@ void frmMain::mnuWindowCloseAll_Click() {
 void frmMain::mnuHelpContents_Click() { ShowHelpTopic("basic_editing"); }
 
 // ---------------------------------------------------------------- format commands
-
-void frmMain::RunLineCommand(int step) {
-    frmDocument* doc = ActiveForm();
-    if (!doc) return;
-    const EditorSettings& g = g_EditorSettings();
-    RichEdit* e = doc->rtfText;
-    e->SetRedraw(false);
-    LineCommandResult r = LineCommand(e->TextView(), e->SelStart(), e->SelLength(),
-                                      LineStep(step), IndentUnit(g.RealTabs, g.TabWidth));
-    e->ApplyEdits(r.edits);
-    e->SetSelStart(r.selStart);
-    e->SetSelLength(r.selLength);
-    e->SetRedraw(true);
-}
-
-void frmMain::mnuFormatIndent_Click() { RunLineCommand(int(LineStep::Indent)); }
-void frmMain::mnuFormatUnindent_Click() { RunLineCommand(int(LineStep::Unindent)); }
 
 void frmMain::mnuFormatCommentBlock_Click() {
     if (frmDocument* doc = ActiveForm()) doc->CommentBlock();
