@@ -3,8 +3,8 @@
 // whole text against a memcpy rewrite of the same bytes plus SCI_SETTEXT of the result
 // (at most 5 times). One measurement each, best of three runs.
 #include "BenchSource.h"
-#include "editor/frmDocument.h"
 #include "app/AppGlobals.h"
+#include "editor/frmDocument.h"
 #include "transforms/TransformCommands.h"
 #include "transforms/core/CaseTransforms.h"
 #include "transforms/core/HtmlFormat.h"
@@ -26,7 +26,8 @@ double Seconds(const std::function<void()>& f) {
     for (int i = 0; i < 3; ++i) {
         auto t0 = std::chrono::steady_clock::now();
         f();
-        best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
+        best = std::min(
+            best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
     }
     return best;
 }
@@ -53,8 +54,8 @@ void Linear(const char* name, const std::function<size_t(const std::string&)>& f
             const std::string& small, const std::string& large) {
     double a = Seconds([&] { g_sink += f(small); });
     double b = Seconds([&] { g_sink += f(large); });
-    std::printf("%-28s 1 MB %8.2f ms  10 MB %8.2f ms  ratio %5.2f (target <= 12)\n", name,
-                a * 1e3, b * 1e3, b / a);
+    std::printf("%-28s 1 MB %8.2f ms  10 MB %8.2f ms  ratio %5.2f (target <= 12)\n", name, a * 1e3,
+                b * 1e3, b / a);
 }
 
 } // namespace
@@ -71,15 +72,28 @@ int main(int argc, char** argv) {
     Linear("indent (edits)", lines(LineStep::Indent, "    "), c1, c10);
     Linear("unindent (edits)", lines(LineStep::Unindent, "    "), c1, c10);
     Linear("trim spaces (edits)", lines(LineStep::Trim, ""), c1, c10);
-    Linear("to upper case", [](const std::string& t) { return ChangeCase(t, CaseChange::Upper, false).size(); }, c1, c10);
-    Linear("capitalize (UTF-8)", [](const std::string& t) { return ChangeCase(t, CaseChange::Capitalize, true).size(); }, c1, c10);
-    Linear("tabs to spaces", [](const std::string& t) { return TabsToSpaces(t, 4).size(); }, h1, h10);
-    Linear("spaces to tabs", [](const std::string& t) { return SpacesToTabs(t, 4).size(); }, c1, c10);
-    Linear("unix to dos", [](const std::string& t) { return ToDosLineEnds(t).size(); }, c1, c10);
-    Linear("dos to unix", [](const std::string& t) { return ToUnixLineEnds(t).size(); }, c1, c10);
-    Linear("html compact", [](const std::string& t) { return HTMLCompact(t).size(); }, h1, h10);
-    Linear("html loose", [](const std::string& t) { return HTMLLoose(t).size(); }, h1, h10);
-    Linear("html indented", [](const std::string& t) { return HTMLIndent(t)->size(); }, h1, h10);
+    Linear(
+        "to upper case",
+        [](const std::string& t) { return ChangeCase(t, CaseChange::Upper, false).size(); }, c1,
+        c10);
+    Linear(
+        "capitalize (UTF-8)",
+        [](const std::string& t) { return ChangeCase(t, CaseChange::Capitalize, true).size(); }, c1,
+        c10);
+    Linear(
+        "tabs to spaces", [](const std::string& t) { return TabsToSpaces(t, 4).size(); }, h1, h10);
+    Linear(
+        "spaces to tabs", [](const std::string& t) { return SpacesToTabs(t, 4).size(); }, c1, c10);
+    Linear(
+        "unix to dos", [](const std::string& t) { return ToDosLineEnds(t).size(); }, c1, c10);
+    Linear(
+        "dos to unix", [](const std::string& t) { return ToUnixLineEnds(t).size(); }, c1, c10);
+    Linear(
+        "html compact", [](const std::string& t) { return HTMLCompact(t).size(); }, h1, h10);
+    Linear(
+        "html loose", [](const std::string& t) { return HTMLLoose(t).size(); }, h1, h10);
+    Linear(
+        "html indented", [](const std::string& t) { return HTMLIndent(t)->size(); }, h1, h10);
 
     // In the editor: the command against a plain rewrite of the same bytes plus loading them.
     g_EditorSettings() = EditorSettings::Defaults();
@@ -101,19 +115,23 @@ int main(int argc, char** argv) {
             e->SetSelLength(e->TextLength());
             auto t0 = std::chrono::steady_clock::now();
             command();
-            best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
+            best = std::min(
+                best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
         }
         return best;
     };
     e->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1UL);
     const size_t lineCount = size_t(std::count(c10.begin(), c10.end(), '\n')) + 1;
-    double indent = editor([&] { TransformCommands::RunLineStep(doc, LineStep::Indent, g_EditorSettings()); });
+    double indent =
+        editor([&] { TransformCommands::RunLineStep(doc, LineStep::Indent, g_EditorSettings()); });
     double indentBase = baseline(c10.size() + 4 * lineCount);
     double upper = editor([&] { TransformCommands::ChangeSelectionCase(doc, CaseChange::Upper); });
     double upperBase = baseline(c10.size());
-    std::printf("editor indent selection 10 MB %8.2f ms  baseline %8.2f ms  ratio %5.2f (target <= 5)\n",
-                indent * 1e3, indentBase * 1e3, indent / indentBase);
-    std::printf("editor to upper case 10 MB    %8.2f ms  baseline %8.2f ms  ratio %5.2f (target <= 5)\n",
-                upper * 1e3, upperBase * 1e3, upper / upperBase);
+    std::printf(
+        "editor indent selection 10 MB %8.2f ms  baseline %8.2f ms  ratio %5.2f (target <= 5)\n",
+        indent * 1e3, indentBase * 1e3, indent / indentBase);
+    std::printf(
+        "editor to upper case 10 MB    %8.2f ms  baseline %8.2f ms  ratio %5.2f (target <= 5)\n",
+        upper * 1e3, upperBase * 1e3, upper / upperBase);
     return g_sink == 0;
 }

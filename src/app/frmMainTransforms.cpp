@@ -10,22 +10,23 @@
 namespace TC = TransformCommands;
 
 namespace {
-template <class F>
-void OnActive(frmMain& m, F&& f) {
+template <class F> void OnActive(frmMain& m, F&& f) {
     if (frmDocument* doc = m.ActiveForm()) f(*doc);
 }
 } // namespace
 
 void frmMain::mnuFormatIndent_Click() {
-    OnActive(*this, [](frmDocument& d) { TC::RunLineStep(d, LineStep::Indent, g_EditorSettings()); });
+    OnActive(*this,
+             [](frmDocument& d) { TC::RunLineStep(d, LineStep::Indent, g_EditorSettings()); });
 }
 void frmMain::mnuFormatUnindent_Click() {
     OnActive(*this,
              [](frmDocument& d) { TC::RunLineStep(d, LineStep::Unindent, g_EditorSettings()); });
 }
 void frmMain::mnuFormatTrimTrailing_Click() {
-    OnActive(*this,
-             [](frmDocument& d) { TC::RunLineStep(d, LineStep::TrimTrailing, g_EditorSettings()); });
+    OnActive(*this, [](frmDocument& d) {
+        TC::RunLineStep(d, LineStep::TrimTrailing, g_EditorSettings());
+    });
 }
 void frmMain::mnuFormatTrimPreceding_Click() {
     OnActive(*this, [](frmDocument& d) {
@@ -35,7 +36,9 @@ void frmMain::mnuFormatTrimPreceding_Click() {
 void frmMain::mnuFOrmatTrim_Click() {
     OnActive(*this, [](frmDocument& d) { TC::RunLineStep(d, LineStep::Trim, g_EditorSettings()); });
 }
-void frmMain::mnuFormatPageBreak_Click() { OnActive(*this, TC::InsertPageBreak); }
+void frmMain::mnuFormatPageBreak_Click() {
+    OnActive(*this, TC::InsertPageBreak);
+}
 void frmMain::mnuFOrmatUpper_Click() {
     OnActive(*this, [](frmDocument& d) { TC::ChangeSelectionCase(d, CaseChange::Upper); });
 }
@@ -51,11 +54,21 @@ void frmMain::mnuFormatTabsToSpaces_Click() {
 void frmMain::mnuFormatSpacestoTabs_Click() {
     OnActive(*this, [](frmDocument& d) { TC::SpacesToTabs(d); });
 }
-void frmMain::mnuEditConvertToDOS_Click() { OnActive(*this, TC::ConvertToDos); }
-void frmMain::mnuEditConvertToUnix_Click() { OnActive(*this, TC::ConvertToUnix); }
-void frmMain::mnuEditDeleteLine_Click() { OnActive(*this, TC::DeleteLine); }
-void frmMain::mnuEditSelectLine_Click() { OnActive(*this, TC::SelectLine); }
-void frmMain::mnuEditDateTime_Click() { OnActive(*this, TC::InsertDateTime); }
+void frmMain::mnuEditConvertToDOS_Click() {
+    OnActive(*this, TC::ConvertToDos);
+}
+void frmMain::mnuEditConvertToUnix_Click() {
+    OnActive(*this, TC::ConvertToUnix);
+}
+void frmMain::mnuEditDeleteLine_Click() {
+    OnActive(*this, TC::DeleteLine);
+}
+void frmMain::mnuEditSelectLine_Click() {
+    OnActive(*this, TC::SelectLine);
+}
+void frmMain::mnuEditDateTime_Click() {
+    OnActive(*this, TC::InsertDateTime);
+}
 void frmMain::mnuFormatHTMLCompact_Click() {
     OnActive(*this, [](frmDocument& d) { TC::FormatHtml(d, TC::HtmlLayout::Compact); });
 }

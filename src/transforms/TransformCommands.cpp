@@ -12,8 +12,8 @@
 #include <algorithm>
 
 #include <QApplication>
-#include <QDialog>
 #include <QDateTime>
+#include <QDialog>
 #include <QLineEdit>
 #include <QLocale>
 
@@ -64,7 +64,9 @@ void HourglassAssign(frmDocument& doc, std::string_view text) {
 
 } // namespace
 
-void ExecDialog(QDialog& dialog) { dialog.exec(); }
+void ExecDialog(QDialog& dialog) {
+    dialog.exec();
+}
 
 void RunLineStep(frmDocument& doc, LineStep step, const EditorSettings& settings) {
     RichEdit* e = doc.rtfText;
@@ -143,8 +145,8 @@ void ConvertToDos(frmDocument& doc) {
 
 void ConvertToUnix(frmDocument& doc) {
     HourglassAssign(doc, ToUnixLineEnds(doc.rtfText->TextView()));
-    cDialogs::Get().MsgBox("All carriage returns stripped.", MsgButtons::OK,
-                           MsgIcon::Information, "File Converted from DOS to UNIX Format");
+    cDialogs::Get().MsgBox("All carriage returns stripped.", MsgButtons::OK, MsgIcon::Information,
+                           "File Converted from DOS to UNIX Format");
 }
 
 void DeleteLine(frmDocument& doc) {
@@ -193,7 +195,8 @@ bool FormatHtml(frmDocument& doc, HtmlLayout layout) {
 void InsertTag(frmDocument& doc, std::string_view entry) {
     RichEdit* e = doc.rtfText;
     const int64_t s = e->SelStart();
-    TagInsertion r = WrapSelection(entry, e->TextView().substr(size_t(s), size_t(e->SelLength())), s);
+    TagInsertion r =
+        WrapSelection(entry, e->TextView().substr(size_t(s), size_t(e->SelLength())), s);
     {
         UndoGroup group(*e);
         e->SetSelText(r.text);

@@ -34,7 +34,9 @@ frmHTMLTags::frmHTMLTags(std::function<frmDocument*()> activeDocument, QWidget* 
     resize(std::max(StoredInt("HTMLW", 248), 1), std::max(StoredInt("HTMLH", 180), 1));
 }
 
-frmHTMLTags::~frmHTMLTags() { SavePlace(); }
+frmHTMLTags::~frmHTMLTags() {
+    SavePlace();
+}
 
 void frmHTMLTags::closeEvent(QCloseEvent* e) {
     SavePlace();

@@ -34,7 +34,9 @@ frmSpecialChar::frmSpecialChar(frmDocument& doc, QWidget* parent) : QDialog(pare
     cmdClear = new QPushButton("Clear", this);
     cmdOK = new QPushButton("OK", this);
     cmdCancel = new QPushButton("Cancel", this);
-    for (auto [b, name] : {std::pair{cmdAdd, "cmdAdd"}, {cmdClear, "cmdClear"}, {cmdOK, "cmdOK"},
+    for (auto [b, name] : {std::pair{cmdAdd, "cmdAdd"},
+                           {cmdClear, "cmdClear"},
+                           {cmdOK, "cmdOK"},
                            {cmdCancel, "cmdCancel"}}) {
         b->setObjectName(name);
         b->setAccessibleName(b->text());

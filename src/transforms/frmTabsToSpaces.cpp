@@ -6,8 +6,8 @@
 #include <QRegularExpressionValidator>
 
 frmTabsToSpaces::frmTabsToSpaces(QWidget* parent) : QDialog(parent) {
-    TabDialogParts p = BuildTabDialog(*this, Tag, "Convert Tabs to Spaces",
-                                      "Replace all Tabs with", "spaces.");
+    TabDialogParts p =
+        BuildTabDialog(*this, Tag, "Convert Tabs to Spaces", "Replace all Tabs with", "spaces.");
     txtSpaces = p.box;
     cmdOK = p.ok;
     cmdCancel = p.cancel;

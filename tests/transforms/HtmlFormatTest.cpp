@@ -1,5 +1,5 @@
-#include "transforms/core/HtmlAssist.h"
 #include "transforms/core/HtmlFormat.h"
+#include "transforms/core/HtmlAssist.h"
 
 #include <gtest/gtest.h>
 
@@ -40,8 +40,7 @@ TEST(HtmlFormat, Layouts) {
         {"indent: empty", *HTMLIndent(""), ""},
         {"indent: below zero drops opening tags too", *HTMLIndent("</x><y><z>"), "\r\n<z>"},
         {"indent: unclosed bracket opens a level", *HTMLIndent("<a<b>"), "\r\n<a\r\n\t<b>"},
-        {"indent: comment named by its dashes", *HTMLIndent("<!--x--><i>"),
-         "\r\n<!--x-->\r\n<i>"},
+        {"indent: comment named by its dashes", *HTMLIndent("<!--x--><i>"), "\r\n<!--x-->\r\n<i>"},
         {"indent: br/ opens a level", *HTMLIndent("<br/><i>"), "\r\n<br/>\r\n\t<i>"},
         {"indent: stray > only", *HTMLIndent("a > b"), "a> b"},
     };
@@ -50,8 +49,14 @@ TEST(HtmlFormat, Layouts) {
 
 TEST(HtmlFormat, TagNamesAndTags) {
     std::vector<std::pair<std::string, std::string>> names = {
-        {"<TD class=x>", "TD"}, {"<br/>", "br/"}, {"<!-- c -->", "!--"}, {"<!--x-->", "!--"},
-        {"<>", ""},             {"", ""},         {"<a", ""},           {"</p>", "/p"},
+        {"<TD class=x>", "TD"},
+        {"<br/>", "br/"},
+        {"<!-- c -->", "!--"},
+        {"<!--x-->", "!--"},
+        {"<>", ""},
+        {"", ""},
+        {"<a", ""},
+        {"</p>", "/p"},
     };
     for (const auto& [tag, want] : names) EXPECT_EQ(HTMLTagName(tag), want) << tag;
     EXPECT_EQ(HTMLNextTag("ab<c d>e", 1).text, "<c d>");

@@ -25,7 +25,11 @@ TEST(CaseTransforms, ChangesLettersOfTheDocumentsEncoding) {
         {"\xC3\xA9t\xC3\xA9", U, true, "\xC3\x89T\xC3\x89"},
         {"\xC3\x89T\xC3\x89", L, true, "\xC3\xA9t\xC3\xA9"},
         {"\xC3\xA9lan VITAL", C, true, "\xC3\x89lan Vital"},
-        {"\xE2\x82\xAC" "abc", C, true, "\xE2\x82\xAC" "abc"},
+        {"\xE2\x82\xAC"
+         "abc",
+         C, true,
+         "\xE2\x82\xAC"
+         "abc"},
         {"\xC4\xB1x", U, true, "IX"}, // dotless i: two bytes become one
         {"\xD0\xB4\xD0\xB0", U, true, "\xD0\x94\xD0\x90"},
         {"", U, true, ""},
@@ -36,11 +40,11 @@ TEST(CaseTransforms, ChangesLettersOfTheDocumentsEncoding) {
 
 TEST(TextConversions, CountsReadAsTheNumberConversionDoes) {
     std::vector<std::pair<std::string, int64_t>> cases = {
-        {"3x", 3}, {"abc", 0}, {"", 0}, {"08", 8}, {"  12 ", 12}, {"\t7", 7}, {"-2", -2},
-        {"x3", 0},
+        {"3x", 3}, {"abc", 0}, {"", 0}, {"08", 8}, {"  12 ", 12}, {"\t7", 7}, {"-2", -2}, {"x3", 0},
     };
     for (const auto& [text, want] : cases) EXPECT_EQ(ReadCount(text), want) << text;
-    EXPECT_GT(ReadCount("99999999999999999999999"), int64_t(100000000000000000)); // saturated, not wrapped
+    EXPECT_GT(ReadCount("99999999999999999999999"),
+              int64_t(100000000000000000)); // saturated, not wrapped
 }
 
 TEST(TextConversions, TabsSpacesAndLineEnds) {

@@ -26,8 +26,7 @@ struct TransformDialogsTest : AppFixture {
 };
 
 // Answers a tab dialog: checks what it shows, types into the box and presses a button.
-template <class Dialog>
-TC::DialogRunner Answer(QString* shown, const QString& typed, bool ok) {
+template <class Dialog> TC::DialogRunner Answer(QString* shown, const QString& typed, bool ok) {
     return [=](QDialog& d) {
         auto& dialog = dynamic_cast<Dialog&>(d);
         *shown = dialog.windowTitle() + "|" + dialog.txtSpaces->text();
@@ -60,8 +59,9 @@ TEST_F(TransformDialogsTest, TabDialogsReadTheirBoxAndKeepTheTextOnCancel) {
         Edit()->SetText(c.text);
         Edit()->SetSelStart(2);
         QString shown;
-        bool done = c.toSpaces ? TC::TabsToSpaces(Doc(), Answer<frmTabsToSpaces>(&shown, c.typed, c.ok))
-                               : TC::SpacesToTabs(Doc(), Answer<frmSpacestoTabs>(&shown, c.typed, c.ok));
+        bool done = c.toSpaces
+                        ? TC::TabsToSpaces(Doc(), Answer<frmTabsToSpaces>(&shown, c.typed, c.ok))
+                        : TC::SpacesToTabs(Doc(), Answer<frmSpacestoTabs>(&shown, c.typed, c.ok));
         EXPECT_EQ(done, c.ok) << c.text;
         EXPECT_EQ(shown, c.shown);
         EXPECT_EQ(Edit()->Text(), c.want) << c.text;
@@ -80,7 +80,7 @@ TEST_F(TransformDialogsTest, HtmlWarningAsksBeforeCompactAndLoose) {
     ASSERT_EQ(dialogs.asked.size(), 2u);
     EXPECT_EQ(dialogs.asked[0].caption, "Warining!");
     EXPECT_EQ(dialogs.asked[0].buttons, MsgButtons::YesNo);
-    Run("mnuFormatHTMLIndented"); // no question
+    Run("mnuFormatHTMLIndented");          // no question
     EXPECT_EQ(Edit()->Text(), "\r\n<p>a"); // the closing p takes the depth below zero
     EXPECT_EQ(dialogs.asked.size(), 2u);
 }

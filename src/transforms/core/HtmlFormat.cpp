@@ -127,8 +127,7 @@ std::optional<std::string> HTMLIndentTags(std::string_view t, size_t maxBytes) {
             if (!append(p, q)) return std::nullopt;
             if (p > 0) {
                 std::string name = Lower(HTMLTagName(HTMLNextTag(t, p).text));
-                if (std::find(kSelfClosing.begin(), kSelfClosing.end(), name) ==
-                    kSelfClosing.end())
+                if (std::find(kSelfClosing.begin(), kSelfClosing.end(), name) == kSelfClosing.end())
                     ++depth;
             }
         }

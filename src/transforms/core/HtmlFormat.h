@@ -7,7 +7,7 @@
 #include <string_view>
 
 struct HTMLTag {
-    std::string text; // from "<" to ">", both included
+    std::string text;  // from "<" to ">", both included
     int64_t start = 0; // 1-based, as the walk counts
     int64_t end = 0;
 };

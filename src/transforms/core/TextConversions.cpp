@@ -43,9 +43,13 @@ std::string SpacesToTabs(std::string_view text, int64_t count) {
     return ReplaceText(text, std::string(size_t(count), ' '), "\t");
 }
 
-std::string ToDosLineEnds(std::string_view text) { return ReplaceText(text, "\n", "\r\n"); }
+std::string ToDosLineEnds(std::string_view text) {
+    return ReplaceText(text, "\n", "\r\n");
+}
 
-std::string ToUnixLineEnds(std::string_view text) { return RemoveChar(text, '\r'); }
+std::string ToUnixLineEnds(std::string_view text) {
+    return RemoveChar(text, '\r');
+}
 
 namespace {
 // Where the line holding pos begins: behind the nearest line end before it. A position
