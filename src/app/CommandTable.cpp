@@ -30,8 +30,8 @@ const MenuEntry kMenu[] = {
     {"mnuPrefs", "Preferences", "", 1, nullptr},
     {"mnuPrefsEditorSetup", "Editor Setup", "F4", 2, nullptr},
     {"mnuPrefsRecog", "&Language Recognition", "", 2, &F::mnuPrefsRecog_Click},
-    {"mnuPrefsCompilerSetup", "Compiler/Viewer Setup", "", 2, nullptr},
-    {"mnuPrefsUtils", "&Configure Utilities Menu", "", 2, nullptr},
+    {"mnuPrefsCompilerSetup", "Compiler/Viewer Setup", "", 2, &F::mnuPrefsCompilerSetup_Click},
+    {"mnuPrefsUtils", "&Configure Utilities Menu", "", 2, &F::mnuPrefsUtils_Click},
     {"mnuPrefsReset", "&Reset Settings", "", 2, &F::mnuPrefsReset_Click},
     {"mnuFileExit", "E&xit", "", 1, &F::mnuFileExit_Click, true},
 
@@ -99,11 +99,11 @@ const MenuEntry kMenu[] = {
     {"mnuViewOpenDef", "Open Selection in Default Viewer", "Shift+F9", 1, &F::mnuViewOpenDef_Click},
 
     {"mnuAdvanced", "&Advanced", "", 0, nullptr},
-    {"mnuAdvancedDOSCmd", "&Invoke DOS Command", "F7", 1, nullptr},
-    {"mnuAdvancedConfigure", "Configure Compilers and Viewers...", "", 1, nullptr, true},
-    {"mnuAdvancedRunCompiler", "&Run Compiler/Viewer...", "F5", 1, nullptr},
-    {"mnuConfigDefCompiler", "Configure Default Compiler...", "", 1, nullptr},
-    {"mnuAdvancedRunDefCompiler", "Run Default Compiler", "F8", 1, nullptr},
+    {"mnuAdvancedDOSCmd", "&Invoke DOS Command", "F7", 1, &F::mnuAdvancedDOSCmd_Click},
+    {"mnuAdvancedConfigure", "Configure Compilers and Viewers...", "", 1, &F::mnuAdvancedConfigure_Click, true},
+    {"mnuAdvancedRunCompiler", "&Run Compiler/Viewer...", "F5", 1, &F::mnuAdvancedRunCompiler_Click},
+    {"mnuConfigDefCompiler", "Configure Default Compiler...", "", 1, &F::mnuConfigDefCompiler_Click},
+    {"mnuAdvancedRunDefCompiler", "Run Default Compiler", "F8", 1, &F::mnuAdvancedRunDefCompiler_Click},
     {"mnuAdvancedNewProfile", "Create &New Language Profile...", "", 1, nullptr, true},
     {"mnuAdvancedEditProfile", "Edit E&xisting Language Profile...", "", 1, nullptr},
     {"mnuAdvancedAssoc", "&Language Recognition Setup...", "", 1, &F::mnuAdvancedAssoc_Click},
@@ -113,7 +113,7 @@ const MenuEntry kMenu[] = {
     {"mnuAdvancedOpenViewer", "&Open in Default Viewer", "F9", 1, &F::mnuAdvancedOpenViewer_Click},
 
     {"mnuUtilities", "&Utilities", "", 0, nullptr},
-    {"mnuUtilitiesConfig", "&Configure Utilities", "", 1, nullptr},
+    {"mnuUtilitiesConfig", "&Configure Utilities", "", 1, &F::mnuUtilitiesConfig_Click},
 
     {"mnuWindow", "&Window", "", 0, nullptr},
     {"mnuWindowNewWindow", "&New Window", "F2", 1, &F::mnuWindowNewWindow_Click},

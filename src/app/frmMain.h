@@ -137,6 +137,25 @@ class frmMain : public QMainWindow {
     void mnuFormatHTML_Click();
     void mnuEditInsertSpecialChars_Click();
 
+    // --- Compilers, viewers, utilities and the DOS command (frmMainTools.cpp) ---
+    void mnuAdvancedConfigure_Click();
+    void mnuPrefsCompilerSetup_Click();
+    void mnuConfigDefCompiler_Click();
+    void mnuAdvancedRunCompiler_Click();
+    void mnuAdvancedRunDefCompiler_Click();
+    void mnuAdvancedDOSCmd_Click();
+    void mnuUtilitiesConfig_Click();
+    void mnuPrefsUtils_Click();
+    void mnuUtilities_Click();
+    void mnuUtilityCmds_Click(int index);
+    void RefreshUtils();
+    // Adds the hidden utility entries and their separator to the Utilities menu.
+    void BuildUtilityItems();
+    // Opens a file (or activates its open document) with the caret at line and column.
+    void OpenToolLocation(const QString& path, int line, int column);
+    std::array<QAction*, 21> mnuUtilityCmds{};
+    QAction* UtilsSeparator = nullptr;
+
     // --- Shared by the commands ---
     void CycleRecentFiles(const QString& name);
     void RefreshRecentFiles();

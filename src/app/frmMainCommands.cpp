@@ -100,6 +100,7 @@ void frmMain::BuildMenus() {
         a->setShortcuts({a->shortcut(), QKeySequence(QString::fromLatin1(x.shortcut))});
     }
     mnuEdit = Command("mnuEdit")->menu();
+    BuildUtilityItems();
 
     // The Window menu ends with the open documents, by caption.
     QMenu* window = Command("mnuWindow")->menu();

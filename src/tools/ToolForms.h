@@ -1,0 +1,25 @@
+#pragma once
+// Pieces the tool dialogs share: the macro help lines, F1 for help, the store of tools.
+#include "tools/core/ToolStore.h"
+
+#include <QString>
+
+class QDialog;
+class QGroupBox;
+class QWidget;
+
+// The store of tools behind the program's settings.
+ToolStore Tools();
+// Runs a store operation; the tool dialogs ignore store failures.
+template <class F> void IgnoringErrors(F&& f) {
+    try {
+        f();
+    } catch (const SettingsStoreError&) {
+    }
+}
+// The frame of the five lines that explain the macros.
+QGroupBox* MacroHelpFrame(const QString& title, QWidget* parent);
+// F1 anywhere in the dialog opens the help topic.
+void HelpOnF1(QDialog* dialog, const QString& topic);
+// Caption as accessible name, object name as given.
+void NameForm(QDialog* dialog, const char* name, const QString& caption);
