@@ -5,6 +5,7 @@
 
 #include <Qsci/qsciscintilla.h>
 #include <QAction>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -49,8 +50,7 @@ frmCompilerOutput::frmCompilerOutput(const QString& captureFile, const QString& 
     txtOutput->setFont(f);
     txtOutput->setText(tr("No Compiler Output.") + "\r\n");
     txtOutput->setReadOnly(true);
-    connect(txtOutput, &QsciScintillaBase::SCN_DOUBLECLICK, this,
-            [this](int, int line, int) { txtOutput_DblClick(line); });
+    txtOutput->viewport()->installEventFilter(this);
     v->addWidget(tbCompilerOut);
     v->addWidget(txtOutput, 1);
     setGeometry(Geometry("CompX", 0), Geometry("CompY", 0), Geometry("CompW", 7725),
@@ -103,6 +103,15 @@ void frmCompilerOutput::txtOutput_DblClick(int line) {
     if (!loc || !OpenLocation) return;
     std::string path = ResolveToolPath(loc->file, ToBytes(baseDir_));
     OpenLocation(FromBytes(path), loc->line, loc->column);
+}
+
+bool frmCompilerOutput::eventFilter(QObject* o, QEvent* e) {
+    if (o == txtOutput->viewport() && e->type() == QEvent::MouseButtonDblClick) {
+        const QPoint p = static_cast<QMouseEvent*>(e)->position().toPoint();
+        long pos = txtOutput->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMPOINT, p.x(), p.y());
+        txtOutput_DblClick(int(txtOutput->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION, pos)));
+    }
+    return QDialog::eventFilter(o, e);
 }
 
 void frmCompilerOutput::Form_Unload() {

@@ -32,6 +32,7 @@ class frmCompilerOutput : public QDialog {
 
   protected:
     void done(int r) override;
+    bool eventFilter(QObject* o, QEvent* e) override;
 
   private:
     void SetBytes(const std::string& bytes, bool append);

@@ -73,7 +73,7 @@ TEST_F(ToolsFixture, DefaultCompilerRunsTwiceAndTheGuardNeedsAFile) {
         EXPECT_EQ(started[0].dir + "/", AppDir());
     }
     started.clear();
-    main->mnuFileNew_Click();
+    NewDocument(); // never saved
     Settle();
     dialogs.AnswerMsgBox(MsgResult::No);
     main->mnuAdvancedRunDefCompiler_Click();

@@ -1,0 +1,62 @@
+// A real shell command run from the Run dialog with its output captured: the output window
+// shows it with the exit status, and a double click on the error line opens the file there.
+#include "support/AppFixture.h"
+#include "tools/frmCompilerOutput.h"
+#include "tools/frmRunCompiler.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <Qsci/qsciscintilla.h>
+#include <sys/stat.h>
+
+TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
+    Start();
+    // A terminal that runs its command in place, as a real one would inside its window.
+    const std::string term = tmp.write("term", "#!/bin/sh\n[ \"$1\" = -e ] && shift\nexec \"$@\"\n");
+    ::chmod(term.c_str(), 0755);
+    SaveSetting("Kestrum", "Settings", "Terminal", QString::fromStdString(term));
+    tmp.write("prog.c", "int a;\nint b;\nint c;\n");
+    QString error;
+    ASSERT_NE(main->OpenFileInNewDocument(Path("prog.c"), {}, false, &error), nullptr);
+    Settle();
+    std::string shown;
+    frmDocument* opened = nullptr;
+    QTimer::singleShot(50, [&] {
+        auto* run = qobject_cast<frmRunCompiler*>(QApplication::activeModalWidget());
+        ASSERT_NE(run, nullptr);
+        run->txtCmdLine->setText("echo building %N; echo \"%N:3:5: error: no\" >&2; exit 4");
+        run->txtRunDir->setText(QString::fromStdString(tmp.path()));
+        run->chkCaptureOutput->setChecked(true);
+        run->chkCloseWindow->setChecked(false);
+        QTimer::singleShot(50, [&] {
+            auto* out = qobject_cast<frmCompilerOutput*>(QApplication::activeModalWidget());
+            ASSERT_NE(out, nullptr);
+            QElapsedTimer t;
+            t.start();
+            while (!out->OutputText().contains("Tool finished") && t.elapsed() < 20000)
+                QTest::qWait(50);
+            shown = out->OutputText().toStdString();
+            // Double click on the second line, where the error stands.
+            auto* sci = out->txtOutput;
+            long pos = sci->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, 1);
+            int x = int(sci->SendScintilla(QsciScintillaBase::SCI_POINTXFROMPOSITION, 0, pos)) + 4;
+            int y = int(sci->SendScintilla(QsciScintillaBase::SCI_POINTYFROMPOSITION, 0, pos)) + 4;
+            QTest::mouseDClick(sci->viewport(), Qt::LeftButton, {}, QPoint(x, y));
+            Settle();
+            opened = main->ActiveForm();
+            out->close();
+        });
+        run->cmdOK->click();
+    });
+    main->mnuAdvancedRunCompiler_Click();
+    EXPECT_EQ(shown, "building prog.c\nprog.c:3:5: error: no\nTool finished (exit 4)\n");
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->Tag, Path("prog.c"));
+    int line = -1, index = -1;
+    opened->rtfText->getCursorPosition(&line, &index);
+    EXPECT_EQ(line, 2);
+    EXPECT_EQ(index, 4);
+}
