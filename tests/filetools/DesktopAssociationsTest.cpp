@@ -1,0 +1,130 @@
+#include "filetools/core/DesktopAssociations.h"
+
+#include <gtest/gtest.h>
+
+using Types = std::vector<std::string>;
+
+TEST(DesktopAssociations, ExtensionsAMimeGlobCanHold) {
+    struct Case {
+        std::string ext;
+        bool ok;
+    } cases[] = {{"C", true},       {"cpp", true},      {"tar.gz", true},  {"c++", true},
+                 {"my_ext-2", true}, {"", false},        {".c", false},     {"c.", false},
+                 {"a b", false},     {"*", false},       {"h[pp]", false},  {"x/y", false},
+                 {"x\"y", false},    {"<b>", false},     {"\xc3\xa9", false},
+                 {std::string(64, 'a'), true},           {std::string(65, 'a'), false}};
+    for (const auto& c : cases) EXPECT_EQ(IsAssociableExtension(c.ext), c.ok) << c.ext;
+}
+
+TEST(DesktopAssociations, OwnTypeAndPackageUseTheLowerCaseExtension) {
+    EXPECT_EQ(OwnMimeType("KWS"), "text/x-kestrum-kws");
+    EXPECT_EQ(MimePackageFileName("Tar.GZ"), "kestrum-tar.gz.xml");
+    std::string xml = MimePackageXml("text/x-kestrum-kws", "KWS", "Source <Code> & more");
+    EXPECT_NE(xml.find("<mime-type type=\"text/x-kestrum-kws\">"), std::string::npos);
+    EXPECT_NE(xml.find("<glob pattern=\"*.kws\"/>"), std::string::npos);
+    EXPECT_NE(xml.find("<comment>Source &lt;Code&gt; &amp; more</comment>"), std::string::npos);
+}
+
+TEST(DesktopAssociations, ExecArgumentsQuotedOnlyWhenNeeded) {
+    struct Case {
+        std::string arg, quoted;
+    } cases[] = {{"/usr/bin/kestrum", "/usr/bin/kestrum"},
+                 {"/opt/my apps/kestrum", "\"/opt/my apps/kestrum\""},
+                 {"/a/$HOME\\b\"c`", "\"/a/\\$HOME\\\\b\\\"c\\`\""},
+                 {"/a/100%", "/a/100%%"},
+                 {"", "\"\""}};
+    for (const auto& c : cases) EXPECT_EQ(QuoteExecArgument(c.arg), c.quoted) << c.arg;
+}
+
+// An entry written and read back gives its types and verbs again, escapes and all, and an
+// entry holding a backslash or a line break keeps each on its own line of the file.
+TEST(DesktopAssociations, DesktopEntryReadsBackItsTypesAndVerbs) {
+    DesktopEntryFields f;
+    f.name = "&Open in Kestrum";
+    f.comment = "Source Code";
+    f.exec = QuoteExecArgument("/opt/my apps/kestrum") + " %f";
+    f.icon = "kestrum";
+    f.mimeTypes = {"text/x-csrc", "text/x-kestrum-kws"};
+    f.verbs = {{"print", "&Print", QuoteExecArgument("/opt/my apps/kestrum") + " /p %f"},
+               {"new", "Ne&w && more", "kestrum /n %f"}};
+    const std::string text = DesktopEntryText(f);
+    EXPECT_NE(text.find("\nName=Open in Kestrum\n"), std::string::npos);
+    EXPECT_NE(text.find("\nExec=\"/opt/my apps/kestrum\" %f\n"), std::string::npos);
+    EXPECT_NE(text.find("\nMimeType=text/x-csrc;text/x-kestrum-kws;\n"), std::string::npos);
+    EXPECT_NE(text.find("\nActions=print;new;\n"), std::string::npos);
+    EXPECT_EQ(MimeTypesOfDesktopEntry(text), f.mimeTypes);
+    std::vector<DesktopVerb> verbs = VerbsOfDesktopEntry(text);
+    ASSERT_EQ(verbs.size(), 2u);
+    EXPECT_EQ(verbs[0].exec, f.verbs[0].exec);
+    EXPECT_EQ(verbs[1].text, "New & more");
+
+    DesktopEntryFields odd = f;
+    odd.exec = QuoteExecArgument("/a\\b") + " %f";
+    odd.comment = "two\nlines";
+    const std::string oddText = DesktopEntryText(odd);
+    EXPECT_NE(oddText.find("\nExec=\"/a\\\\\\\\b\" %f\n"), std::string::npos);
+    EXPECT_NE(oddText.find("\nComment=two\\nlines\n"), std::string::npos);
+
+    EXPECT_TRUE(MimeTypesOfDesktopEntry("[Other]\nMimeType=a/b;\n").empty());
+    Types types{"a/b"};
+    AddMissing(types, {"c/d", "a/b", "e/f"});
+    EXPECT_EQ(types, (Types{"a/b", "c/d", "e/f"}));
+}
+
+TEST(DesktopAssociations, MimeAppsMergeKeepsEveryOtherLine) {
+    struct Case {
+        const char* name;
+        std::string before;
+        Types types;
+        std::string after;
+    } cases[] = {
+        {"empty file", "", {"text/x-csrc"},
+         "[Default Applications]\ntext/x-csrc=K.desktop\n\n"
+         "[Added Associations]\ntext/x-csrc=K.desktop;\n"},
+        {"replaces the default, keeps the others and their order",
+         "# mine\n[Default Applications]\ntext/html=firefox.desktop\ntext/x-csrc=vim.desktop\n\n"
+         "[Added Associations]\ntext/x-csrc=vim.desktop;emacs.desktop;\n",
+         {"text/x-csrc"},
+         "# mine\n[Default Applications]\ntext/html=firefox.desktop\ntext/x-csrc=K.desktop\n\n"
+         "[Added Associations]\ntext/x-csrc=K.desktop;vim.desktop;emacs.desktop;\n"},
+        {"new keys go behind the group's last line, before the blank one",
+         "[Added Associations]\ntext/html=a.desktop\n\n[Default Applications]\ntext/html=a.desktop\n"
+         "\n[Removed Associations]\ntext/plain=x.desktop;\n",
+         {"text/x-csrc", "text/x-kestrum-kws"},
+         "[Added Associations]\ntext/html=a.desktop\ntext/x-csrc=K.desktop;\n"
+         "text/x-kestrum-kws=K.desktop;\n\n[Default Applications]\ntext/html=a.desktop\n"
+         "text/x-csrc=K.desktop\ntext/x-kestrum-kws=K.desktop\n\n[Removed Associations]\n"
+         "text/plain=x.desktop;\n"},
+        {"a second run changes nothing",
+         "[Default Applications]\ntext/x-csrc=K.desktop\n\n"
+         "[Added Associations]\ntext/x-csrc=K.desktop;\n",
+         {"text/x-csrc"},
+         "[Default Applications]\ntext/x-csrc=K.desktop\n\n"
+         "[Added Associations]\ntext/x-csrc=K.desktop;\n"},
+        {"CR LF kept, stray lines kept, no line end at the end",
+         "junk before any group\r\n[Default Applications]\r\nnot a key line\r\ntext/x-csrc = old",
+         {"text/x-csrc"},
+         "junk before any group\r\n[Default Applications]\r\nnot a key line\r\n"
+         "text/x-csrc=K.desktop\r\n\r\n[Added Associations]\r\ntext/x-csrc=K.desktop;\r\n"},
+        {"a key in a look-alike group is not touched",
+         "[Default Applications Extra]\ntext/x-csrc=vim.desktop\n", {"text/x-csrc"},
+         "[Default Applications Extra]\ntext/x-csrc=vim.desktop\n\n[Default Applications]\n"
+         "text/x-csrc=K.desktop\n\n[Added Associations]\ntext/x-csrc=K.desktop;\n"},
+    };
+    for (const auto& c : cases) {
+        MimeAppsResult r = MergeMimeApps(c.before, c.types, "K.desktop");
+        ASSERT_TRUE(r.ok) << c.name;
+        EXPECT_EQ(r.text, c.after) << c.name;
+    }
+}
+
+TEST(DesktopAssociations, MimeAppsThatIsNotTextIsRefused) {
+    for (std::string bad : {std::string("[Default Applications]\n\0x", 25),
+                            std::string("[Default Applications]\ntext/a=\xff\xfe\n"),
+                            std::string("caf\xc3")}) {
+        MimeAppsResult r = MergeMimeApps(bad, {"text/x-csrc"}, "K.desktop");
+        EXPECT_FALSE(r.ok);
+        EXPECT_FALSE(r.error.empty());
+    }
+    EXPECT_TRUE(MergeMimeApps("caf\xc3\xa9\n", {"a/b"}, "K.desktop").ok);
+}
