@@ -1,5 +1,6 @@
 #include "app/AppGlobals.h"
 
+#include "app/core/DataFolders.h"
 #include "app/core/PathHelpers.h"
 
 #include <QApplication>
@@ -19,7 +20,9 @@ QString& AppTitle() {
 
 QString AppDir() {
     if (!appDirOverride.isEmpty()) return appDirOverride;
-    return FromBytes(AppDirFrom(ToBytes(QCoreApplication::applicationDirPath())));
+    // Installed, the shipped data is under the prefix rather than beside the executable.
+    const std::string programDir = AppDirFrom(ToBytes(QCoreApplication::applicationDirPath()));
+    return FromBytes(ResolveDataFoldersFromEnvironment(programDir).shipped);
 }
 
 void SetAppDirForTesting(const QString& dir) {

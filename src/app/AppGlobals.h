@@ -9,7 +9,8 @@
 
 // "Kestrum" in the first instance; a later instance becomes "Previstance" at once.
 QString& AppTitle();
-// The program's folder, ending in '/'.
+// The folder of the shipped data, ending in '/': the program's own folder, or the data folder
+// under the prefix of an installed program.
 QString AppDir();
 // Tests point the program at a folder of their own.
 void SetAppDirForTesting(const QString& dir);

@@ -26,7 +26,7 @@ const MenuEntry kMenu[] = {
     {"mnuFilePrint", "&Print...", "Ctrl+P", 1, nullptr, true},
     {"mnuFilePrinterSetup", "Printer Setup...", "", 1, nullptr},
     {"mnuFilePageSetup", "Page Setup...", "", 1, nullptr},
-    {"mnuFileChDir", "Chan&ge Directory...", "", 1, nullptr, true},
+    {"mnuFileChDir", "Chan&ge Directory...", "", 1, &F::mnuFileChDir_Click, true},
     {"mnuPrefs", "Preferences", "", 1, nullptr},
     {"mnuPrefsEditorSetup", "Editor Setup", "F4", 2, nullptr},
     {"mnuPrefsRecog", "&Language Recognition", "", 2, &F::mnuPrefsRecog_Click},
@@ -109,7 +109,7 @@ const MenuEntry kMenu[] = {
     {"mnuAdvancedAssoc", "&Language Recognition Setup...", "", 1, &F::mnuAdvancedAssoc_Click},
     {"mnuAdvancedSaveProject", "&Save Project/Workspace...", "", 1, &F::mnuAdvancedSaveProject_Click, true},
     {"mnuAdvancedRestoreProject", "R&estore Project/Workspace...", "", 1, &F::mnuAdvancedRestoreProject_Click},
-    {"mnuAdvancedFileAssocs", "Associate File Types with Kestrum", "", 1, nullptr, true},
+    {"mnuAdvancedFileAssocs", "Associate File Types with Kestrum", "", 1, &F::mnuAdvancedFileAssocs_Click, true},
     {"mnuAdvancedOpenViewer", "&Open in Default Viewer", "F9", 1, &F::mnuAdvancedOpenViewer_Click},
 
     {"mnuUtilities", "&Utilities", "", 0, nullptr},
@@ -128,10 +128,10 @@ const MenuEntry kMenu[] = {
 
     {"mnuHelp", "&Help", "", 0, nullptr},
     {"mnuHelpContents", "&Contents", "F1", 1, &F::mnuHelpContents_Click},
-    {"mnuHelpAuthor", "Contact the &Author", "", 1, nullptr},
-    {"mnuHelpBugs", "&Make Bugreport or Suggestion", "", 1, nullptr},
-    {"mnuHelpTipofDay", "&Tip of the Day", "", 1, nullptr, true},
-    {"mnuHelpAbout", "&About ", "", 1, nullptr},
+    {"mnuHelpAuthor", "Contact the &Author", "", 1, &F::mnuHelpAuthor_Click},
+    {"mnuHelpBugs", "&Make Bugreport or Suggestion", "", 1, &F::mnuHelpBugs_Click},
+    {"mnuHelpTipofDay", "&Tip of the Day", "", 1, &F::mnuHelpTipofDay_Click, true},
+    {"mnuHelpAbout", "&About ", "", 1, &F::mnuHelpAbout_Click},
 
     {"mnuBrowser", "Browser", "", 0, nullptr},
     {"mnuBrowserOpen", "Open File", "", 1, nullptr},

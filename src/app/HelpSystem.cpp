@@ -1,6 +1,7 @@
 #include "app/HelpSystem.h"
 
 #include "app/AppGlobals.h"
+#include "app/DataPaths.h"
 #include "app/core/HelpTopic.h"
 #include "components/cDialogs.h"
 
@@ -14,8 +15,17 @@ std::function<void(const QString&)> opener;
 void SetHelpOpenerForTesting(std::function<void(const QString&)> o) { opener = std::move(o); }
 
 void ShowHelpTopic(const QString& topic) {
-    std::string appDir = ToBytes(AppDir());
-    HelpFileResult r = WriteHelpFrameset(appDir, ToBytes(topic));
+    // The frameset is written to the user's Help folder; installed, that is not where the
+    // pages are, so it points at them by their address.
+    const DataFolders folders = ProgramDataFolders();
+    const std::string appDir = folders.user;
+    std::string pagesBase;
+    if (folders.Installed()) {
+        MakeUserDataFolder(folders, "Help");
+        pagesBase = ToBytes(QUrl::fromLocalFile(FromBytes(folders.shipped + "Help/"))
+                                .toString(QUrl::FullyEncoded));
+    }
+    HelpFileResult r = WriteHelpFrameset(appDir, ToBytes(topic), pagesBase);
     if (!r.ok) {
         cDialogs::Get().MsgBox(FromBytes(HelpWriteFailureText(r.error)), MsgButtons::OK,
                                MsgIcon::Critical, FromBytes(kHelpBoxCaption));

@@ -167,6 +167,16 @@ class frmMain : public QMainWindow {
     // Every shortcut of the menus: the edit controls leave these keys to the menus.
     QList<QKeySequence> MenuShortcuts() const;
 
+    // --- Desktop integration and the small windows of the shell (frmMainDesktop.cpp) ---
+    void mnuFileChDir_Click();
+    void mnuAdvancedFileAssocs_Click();
+    void mnuHelpAuthor_Click();
+    void mnuHelpBugs_Click();
+    void mnuHelpTipofDay_Click();
+    void mnuHelpAbout_Click();
+    // The start-up tip: the tip window, modal, while Options/"Show Tips at Startup" is not 0.
+    void ShowStartupTip();
+
     // --- Requests from other processes and the window's focus (InterProcess.cpp) ---
     // The first step of loading: the watcher of the window's focus.
     void AttachSubclass();

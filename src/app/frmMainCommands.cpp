@@ -1,5 +1,6 @@
 // The menus and tool bars of the main window, and its Edit, View, Window and Help commands.
 #include "app/AppGlobals.h"
+#include "app/DataPaths.h"
 #include "app/CommandTable.h"
 #include "app/HelpSystem.h"
 #include "app/frmMain.h"
@@ -189,8 +190,7 @@ void frmMain::RefreshControls() {
     QSignalBlocker block(cboProfiles);
     QString selected = cboProfiles->currentText();
     cboProfiles->clear();
-    QDir dir(AppDir() + "PROFILES");
-    cboProfiles->addItems(dir.entryList(QDir::Files, QDir::Name | QDir::IgnoreCase));
+    cboProfiles->addItems(DataFiles("PROFILES"));
     cboProfiles->setCurrentIndex(cboProfiles->findText(selected));
 }
 
@@ -214,7 +214,7 @@ void frmMain::cboProfiles_Click() {
     QString name = cboProfiles->currentText();
     if (name.isEmpty()) return;
     // A failed or short read leaves what was read; errors are not reported here.
-    ReadProfileFile(ToBytes(AppDir() + "PROFILES/" + name), g_SelectedProfile());
+    ReadProfileFile(ToBytes(DataFileToRead("PROFILES/" + name)), g_SelectedProfile());
     frmDocument* doc = ActiveForm();
     if (!doc) return;
     doc->ReflectSettings();

@@ -77,5 +77,6 @@ int main(int argc, char** argv) {
     main.MDIForm_Load(commandLine);
     main.show();
     splash.finish(&main);
+    main.ShowStartupTip();
     return app.exec();
 }

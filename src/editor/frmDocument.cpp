@@ -1,6 +1,7 @@
 #include "editor/frmDocument.h"
 
 #include "app/AppGlobals.h"
+#include "app/DataPaths.h"
 #include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
@@ -241,13 +242,17 @@ void frmDocument::SetSyntax() {
         settings_ = global;
         return;
     }
-    QString folder = AppDir() + "PROFILES";
-    QString path = folder + "/" + FromBytes(choice.profile);
-    // The profile file is opened for reading and writing, which creates a missing one: the
-    // window then simply has no keywords. A folder that cannot be reached is an error.
+    const QString relative = "PROFILES/" + FromBytes(choice.profile);
+    QString path = DataFileToRead(relative);
+    // A missing profile file is created (in the user's folder): the window then simply has no
+    // keywords. A folder that cannot be reached is an error. A shipped profile is only read,
+    // since an installed program's own folder is not writable.
+    const bool exists = QFileInfo::exists(path);
+    if (!exists) path = DataFileToWrite(relative);
+    const QString folder = QFileInfo(path).path();
     QFile f(path);
     bool opened = QFileInfo(folder).isDir() && !QFileInfo(path).isDir() &&
-                  f.open(QIODevice::ReadWrite);
+                  f.open(exists ? QIODevice::ReadOnly : QIODevice::ReadWrite);
     if (!opened) {
         cDialogs::Get().MsgBox(
             "The Syntax Profile associated with this file's extension was not found. This "

@@ -1,10 +1,12 @@
 #include "profiles/ProfileSaving.h"
 
 #include "app/AppGlobals.h"
+#include "app/DataPaths.h"
 #include "components/cDialogs.h"
 #include "profiles/core/ProfileFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 bool SaveProfileAs(const EditorSettings& record) {
     QString name = cDialogs::Get().InputPrompt(
@@ -12,7 +14,9 @@ bool SaveProfileAs(const EditorSettings& record) {
         "the 'Default Profiles' list on the Options dialog.",
         "Export Settings as Profile", QString());
     if (name.isEmpty()) return false;
-    QString path = AppDir() + "PROFILES/" + name;
+    // A shipped profile of that name counts as existing: the user's copy would shadow it.
+    const bool shippedExists = QFileInfo(DataFileToRead("PROFILES/" + name)).size() > 0;
+    QString path = DataFileToWrite("PROFILES/" + name);
     // Opening the file creates it; one that already holds something is only overwritten on Yes.
     QFile f(path);
     if (!f.open(QIODevice::ReadWrite)) {
@@ -20,7 +24,7 @@ bool SaveProfileAs(const EditorSettings& record) {
                                MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
         return false;
     }
-    bool exists = f.size() > 0;
+    bool exists = f.size() > 0 || shippedExists;
     f.close();
     if (exists && cDialogs::Get().MsgBox("A profile with this name exists. Do you wish to "
                                          "overwrite the old profile?",

@@ -1,6 +1,7 @@
 #include "profiles/frmConfigAssocProfile.h"
 
 #include "app/AppGlobals.h"
+#include "app/DataPaths.h"
 #include "app/HelpSystem.h"
 #include "components/cDialogs.h"
 #include "profiles/core/SyntaxAssociations.h"
@@ -118,7 +119,7 @@ frmAddAssocProfile::frmAddAssocProfile(QWidget* parent) : QDialog(parent) {
     v->addWidget(txtComplete);
     v->addWidget(new QLabel(tr("Associate with Syntax Profile:"), this));
     lstFiles = new QListWidget(this);
-    lstFiles->addItems(QDir(AppDir() + "PROFILES").entryList(QDir::Files, QDir::Name | QDir::IgnoreCase));
+    lstFiles->addItems(DataFiles("PROFILES"));
     v->addWidget(lstFiles);
     auto* h = new QHBoxLayout;
     cmdOK = new QPushButton(tr("OK"), this);

@@ -56,7 +56,8 @@ TEST(DesktopAssociations, DesktopEntryReadsBackItsTypesAndVerbs) {
     std::vector<DesktopVerb> verbs = VerbsOfDesktopEntry(text);
     ASSERT_EQ(verbs.size(), 2u);
     EXPECT_EQ(verbs[0].exec, f.verbs[0].exec);
-    EXPECT_EQ(verbs[1].text, "New & more");
+    EXPECT_EQ(verbs[1].text, "New && more");
+    EXPECT_EQ(VerbsOfDesktopEntry(DesktopEntryText({"n", "", "", "", {}, verbs})), verbs);
 
     DesktopEntryFields odd = f;
     odd.exec = QuoteExecArgument("/a\\b") + " %f";
@@ -127,4 +128,14 @@ TEST(DesktopAssociations, MimeAppsThatIsNotTextIsRefused) {
         EXPECT_FALSE(r.error.empty());
     }
     EXPECT_TRUE(MergeMimeApps("caf\xc3\xa9\n", {"a/b"}, "K.desktop").ok);
+}
+
+TEST(DesktopAssociations, ProgramsNeverOfferedAndTheWorkspaceAlwaysLast) {
+    struct Case {
+        Types keys, offered;
+    } cases[] = {{{}, {"KWS"}},
+                 {{"C", "EXE", "exe ", " Com", "bat", "pas"}, {"C", "pas", "KWS"}},
+                 {{"EXEC", " h "}, {"EXEC", " h ", "KWS"}},
+                 {{"KWS"}, {"KWS", "KWS"}}};
+    for (const auto& c : cases) EXPECT_EQ(ExtensionsToOffer(c.keys), c.offered);
 }

@@ -24,12 +24,13 @@ std::string Quoted(std::string_view value) {
 }
 } // namespace
 
-std::string HelpFrameset(std::string_view topic) {
-    std::string page = AttributeText(topic) + ".htm";
+std::string HelpFrameset(std::string_view topic, std::string_view pagesBase) {
+    const std::string base = AttributeText(pagesBase);
+    std::string page = base + AttributeText(topic) + ".htm";
     return "<HTML><FRAMESET COLS=" + Quoted("100%") + " ROWS=" + Quoted("32,*") +
-           "><FRAME NAME=" + Quoted("Header") + " SRC=" + Quoted("header.htm") +
+           "><FRAME NAME=" + Quoted("Header") + " SRC=" + Quoted(base + "header.htm") +
            " SCROLLING=" + Quoted("NO") + " NORESIZE><FRAMESET COLS=" + Quoted("240,*") +
-           "><FRAME NAME=" + Quoted("Nav") + " SRC=" + Quoted("index.htm") +
+           "><FRAME NAME=" + Quoted("Nav") + " SRC=" + Quoted(base + "index.htm") +
            " SCROLLING=" + Quoted("AUTO") + "><FRAME NAME=" + Quoted("Main") +
            " SRC=" + Quoted(page) + " SCROLLING=" + Quoted("AUTO") +
            "></FRAMESET></FRAMESET></HTML>";
@@ -39,10 +40,11 @@ std::string HelpFramesetPath(std::string_view appDir) {
     return std::string(appDir) + "Help/help.htm";
 }
 
-HelpFileResult WriteHelpFrameset(std::string_view appDir, std::string_view topic) {
+HelpFileResult WriteHelpFrameset(std::string_view appDir, std::string_view topic,
+                                 std::string_view pagesBase) {
     const std::string target = HelpFramesetPath(appDir);
     const std::string tmp = target + "." + std::to_string(::getpid()) + ".tmp";
-    const std::string line = HelpFrameset(topic) + "\n";
+    const std::string line = HelpFrameset(topic, pagesBase) + "\n";
 
     auto fail = [&](int err, bool removeTmp) {
         if (removeTmp) std::remove(tmp.c_str());

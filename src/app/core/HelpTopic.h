@@ -22,7 +22,9 @@ inline constexpr std::string_view kHelpBoxCaption = "Kestrum Help SubSystem";
 
 // The frameset page for a topic, as one line without a line end. The topic names the page
 // "<topic>.htm"; '&' and '"' in it are written as entities so that the attribute stays whole.
-std::string HelpFrameset(std::string_view topic);
+// pagesBase, when given, is the address of the folder of the pages ("file:///usr/share/
+// kestrum/Help/"), for a frameset written elsewhere than beside them.
+std::string HelpFrameset(std::string_view topic, std::string_view pagesBase = {});
 
 // Where the frameset page goes: appDir (with its trailing '/') followed by "Help/help.htm".
 std::string HelpFramesetPath(std::string_view appDir);
@@ -36,7 +38,8 @@ struct HelpFileResult {
 // The text goes to a temporary file in the Help folder first and is renamed over the target,
 // so a failed write leaves an older help.htm as it was. Fails when the Help folder is missing,
 // is not writable, or help.htm cannot be replaced (a folder of that name, for instance).
-HelpFileResult WriteHelpFrameset(std::string_view appDir, std::string_view topic);
+HelpFileResult WriteHelpFrameset(std::string_view appDir, std::string_view topic,
+                                 std::string_view pagesBase = {});
 
 // The text of the message box for a failed write, ending in the system's error text.
 std::string HelpWriteFailureText(std::string_view error);

@@ -3,6 +3,7 @@
 #include "editor/core/PaintCommand.h"
 #include "editor/core/Painter.h"
 #include "editor/core/TextCodec.h"
+#include "app/core/DataFolders.h"
 #include "app/core/SettingsStore.h"
 #include "profiles/core/KeywordListFile.h"
 #include "profiles/core/ProfileFile.h"
@@ -24,13 +25,18 @@ int Fail(const std::string& why) {
     return 2;
 }
 
-// The folder of this program, where PROFILES/ ships, ending in '/'.
+// The folder of this program, ending in '/'.
 std::string ProgramDir() {
     char buf[4096];
     ssize_t n = ::readlink("/proc/self/exe", buf, sizeof buf - 1);
     if (n <= 0) return "./";
     std::string p(buf, size_t(n));
     return p.substr(0, p.rfind('/') + 1);
+}
+
+// A profile file of PROFILES/: the user's own copy first, then the shipped one.
+std::string ProfilePath(const std::string& name) {
+    return DataPathForReading(ResolveDataFoldersFromEnvironment(ProgramDir()), "PROFILES/" + name);
 }
 
 bool ReadProfileInto(const std::string& path, EditorSettings& settings, std::string& error) {
@@ -59,7 +65,7 @@ bool SettingsByExtension(const std::string& file, EditorSettings& settings, std:
         LoadEditorSettings(store, "Kestrum", settings);
         return true;
     }
-    return ReadProfileInto(ProgramDir() + "PROFILES/" + profile, settings, error);
+    return ReadProfileInto(ProfilePath(profile), settings, error);
 }
 
 // The settings to paint with: a profile by name or path, a keyword file and pairs, or the
@@ -74,7 +80,7 @@ bool SettingsFor(const PaintCommand& command, EditorSettings& settings, std::str
     if (!command.profile.empty()) {
         std::string path = command.profile.find('/') != std::string::npos
                                ? command.profile
-                               : ProgramDir() + "PROFILES/" + command.profile;
+                               : ProfilePath(command.profile);
         if (!ReadProfileInto(path, settings, error)) return false;
         if (command.caseSensitive) settings.CaseSensitive = true;
         if (command.delimitersFirst) settings.CodeOrder = false;

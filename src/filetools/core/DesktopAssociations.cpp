@@ -33,6 +33,16 @@ std::string WithoutAccessKey(std::string_view text) {
     return out;
 }
 
+// A shown name as a menu text again: each '&' doubled, so that it is no access key.
+std::string AsMenuText(std::string_view shown) {
+    std::string out;
+    for (char c : shown) {
+        out += c;
+        if (c == '&') out += '&';
+    }
+    return out;
+}
+
 // A string value of a key file: backslash, line breaks and tabs written as escapes.
 std::string EscapeValue(std::string_view s) {
     std::string out;
@@ -227,13 +237,17 @@ std::string DesktopEntryText(const DesktopEntryFields& f) {
     return out;
 }
 
-std::vector<std::string> MimeTypesOfDesktopEntry(std::string_view text) {
+std::string DesktopEntryValue(std::string_view text, std::string_view key) {
     for (const auto& [name, lines] : GroupsOf(text)) {
         if (name != "[Desktop Entry]") continue;
         for (const auto& line : lines)
-            if (KeyOf(line) == "MimeType") return SplitList(ValueOf(line));
+            if (KeyOf(line) == key) return UnescapeValue(ValueOf(line));
     }
     return {};
+}
+
+std::vector<std::string> MimeTypesOfDesktopEntry(std::string_view text) {
+    return SplitList(DesktopEntryValue(text, "MimeType"));
 }
 
 std::vector<DesktopVerb> VerbsOfDesktopEntry(std::string_view text) {
@@ -244,7 +258,7 @@ std::vector<DesktopVerb> VerbsOfDesktopEntry(std::string_view text) {
         DesktopVerb v;
         v.name = name.substr(prefix.size(), name.size() - prefix.size() - 1);
         for (const auto& line : lines) {
-            if (KeyOf(line) == "Name") v.text = UnescapeValue(ValueOf(line));
+            if (KeyOf(line) == "Name") v.text = AsMenuText(UnescapeValue(ValueOf(line)));
             if (KeyOf(line) == "Exec") v.exec = UnescapeValue(ValueOf(line));
         }
         if (!v.name.empty()) verbs.push_back(std::move(v));
@@ -314,4 +328,16 @@ MimeAppsResult MergeMimeApps(std::string_view existing, const std::vector<std::s
     for (const auto& line : lines) r.text += line + eol;
     r.ok = true;
     return r;
+}
+
+std::vector<std::string> ExtensionsToOffer(const std::vector<std::string>& tableKeys) {
+    std::vector<std::string> out;
+    for (const auto& key : tableKeys) {
+        std::string upper(Trim(key));
+        for (char& c : upper)
+            if (c >= 'a' && c <= 'z') c = char(c - 'a' + 'A');
+        if (upper != "EXE" && upper != "COM" && upper != "BAT") out.push_back(key);
+    }
+    out.push_back("KWS");
+    return out;
 }

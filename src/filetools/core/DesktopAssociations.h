@@ -46,9 +46,11 @@ std::string DesktopEntryText(const DesktopEntryFields& fields);
 // reserved character ('%' doubled); the line is escaped as a whole when it is written.
 std::string QuoteExecArgument(std::string_view argument);
 // The MIME types and the verbs of an existing entry, so that a new one keeps them: nothing
-// is ever removed from an association.
+// is ever removed from an association. A verb's text comes back as a menu text ('&' doubled).
 std::vector<std::string> MimeTypesOfDesktopEntry(std::string_view text);
 std::vector<DesktopVerb> VerbsOfDesktopEntry(std::string_view text);
+// A key's value in the entry's "[Desktop Entry]" group, unescaped; empty when it has none.
+std::string DesktopEntryValue(std::string_view text, std::string_view key);
 // The types of `add` that `into` lacks go to its end, in order.
 void AddMissing(std::vector<std::string>& into, const std::vector<std::string>& add);
 
@@ -65,3 +67,8 @@ struct MimeAppsResult {
 MimeAppsResult MergeMimeApps(std::string_view existing,
                              const std::vector<std::string>& mimeTypes,
                              std::string_view desktopId);
+
+// The extensions the association dialog offers: the keys of the language table as they are,
+// less those whose trimmed upper-case form is a program's ("EXE", "COM", "BAT"), then "KWS",
+// the workspace extension, always last.
+std::vector<std::string> ExtensionsToOffer(const std::vector<std::string>& tableKeys);
