@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(cmake g++ make ccache qt6-base-dev libqt6svg6 libqscintilla2-qt6-dev libsimpleini-dev libgtest-dev
-          xvfb xauth xdotool)
+          xvfb xauth xdotool desktop-file-utils dpkg-dev)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -244,11 +244,11 @@ void frmDocument::SetSyntax() {
     }
     const QString relative = "PROFILES/" + FromBytes(choice.profile);
     QString path = DataFileToRead(relative);
-    // A missing profile file is created (in the user's folder): the window then simply has no
-    // keywords. A folder that cannot be reached is an error. A shipped profile is only read,
-    // since an installed program's own folder is not writable.
+    // A missing profile file is created: the window then simply has no keywords. A folder
+    // that cannot be reached is an error; installed, the user's own folder is made first. A
+    // shipped profile is only read, since an installed program's folder is not writable.
     const bool exists = QFileInfo::exists(path);
-    if (!exists) path = DataFileToWrite(relative);
+    if (!exists && ProgramDataFolders().Installed()) path = DataFileToWrite(relative);
     const QString folder = QFileInfo(path).path();
     QFile f(path);
     bool opened = QFileInfo(folder).isDir() && !QFileInfo(path).isDir() &&

@@ -26,7 +26,7 @@ for size in 16 22 24 32 48 64 128 256; do
     png="$p/share/icons/hicolor/${size}x${size}/apps/kestrum.png"
     [ -f "$png" ] || fail "$size px icon missing"
     # The PNG header holds the width and height at bytes 16 to 23.
-    [ "$(od -An -tu1 -j16 -N8 "$png" | tr -s ' ' | sed 's/^ //')" = "0 0 0 $size 0 0 0 $size" ] ||
+    [ "$(od -An -tx1 -j16 -N8 "$png" | tr -d ' \n')" = "$(printf '%08x%08x' "$size" "$size")" ] ||
         fail "$size px icon has another size"
 done
 [ -e "$p/share/kestrum/Help/help.htm" ] && fail "the generated help page was installed"
