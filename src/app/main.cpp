@@ -26,7 +26,10 @@ void CatchTermination() {
 void WatchForTermination(frmMain& main) {
     auto* t = new QTimer(&main);
     QObject::connect(t, &QTimer::timeout, &main, [&main] {
-        if (terminateRequested.exchange(false)) main.close();
+        if (!terminateRequested.exchange(false)) return;
+        // A modal window (the start-up tip, a question) would hold the process open.
+        if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
+        main.close();
     });
     t->start(100);
 }
@@ -77,6 +80,8 @@ int main(int argc, char** argv) {
     main.MDIForm_Load(commandLine);
     main.show();
     splash.finish(&main);
-    main.ShowStartupTip();
+    // The tip comes once the event loop runs, so that requests and the end of the session
+    // are served while it stands.
+    QTimer::singleShot(0, &main, [&main] { main.ShowStartupTip(); });
     return app.exec();
 }

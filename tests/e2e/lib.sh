@@ -5,6 +5,8 @@ WORK="$(mktemp -d /tmp/kestrum-e2e-XXXXXX)"
 export HOME="$WORK/home" XDG_CONFIG_HOME="$WORK/config" XDG_RUNTIME_DIR="$WORK/run"
 mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
+# No start-up tip: the runs drive the main window itself.
+printf '[Options]\nShow Tips at Startup = 0\n' >"$XDG_CONFIG_HOME/Kestrum.ini"
 unset QT_QPA_PLATFORM # a real window on the virtual X server
 export ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
 cleanup() { kill "${PIDS[@]}" 2>/dev/null || true; rm -rf "$WORK"; }
