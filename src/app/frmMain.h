@@ -11,6 +11,7 @@
 #include <QList>
 #include <QString>
 #include <array>
+#include <vector>
 
 class QComboBox;
 class QLabel;
@@ -218,6 +219,8 @@ class frmMain : public QMainWindow {
     int GoClip(const QString& word) const;
     // The whole text of an entry of the cliptext list.
     QString ClipEntry(int index) const;
+    // Fills the cliptext list (and so the completion words) with these entries.
+    void SetClipEntries(const QStringList& entries);
     QString TemplateFolder() const;
     QString ClipTextFolder() const;
     FlipPane* picBrowser = nullptr;
@@ -272,6 +275,8 @@ class frmMain : public QMainWindow {
     std::array<QAction*, 6> recentItems_{}; // 0 is the separator
     QPointer<QMdiSubWindow> lastActive_;
     bool unloaded_ = false;
+    std::vector<QString> clipEntries_; // lstClip's entries, whole
+
 };
 
 // The one main window of this process.

@@ -271,23 +271,28 @@ void frmMain::lstClipFiles_Click() {
     QFile f(ClipTextFolder() + chosen->text());
     if (!f.open(QIODevice::ReadOnly)) return;
     QByteArray bytes = f.readAll();
+    QStringList entries;
+    for (const std::string& line :
+         ParseClipLibrary(std::string_view(bytes.constData(), size_t(bytes.size()))))
+        entries << FromBytes(line);
+    SetClipEntries(entries);
+}
+
+void frmMain::SetClipEntries(const QStringList& entries) {
     lstClip->clear();
-    for (const std::string& line : ParseClipLibrary(std::string_view(bytes.constData(), size_t(bytes.size())))) {
-        QString text = FromBytes(line);
-        // A very long line would cost the list its speed to draw; the row shows its start.
-        auto* item = new QListWidgetItem(text.size() > kShownSnippetChars
-                                             ? text.left(kShownSnippetChars) + QChar(0x2026)
-                                             : text);
-        if (text.size() > kShownSnippetChars) item->setData(Qt::UserRole, text);
-        lstClip->addItem(item);
-    }
+    clipEntries_.assign(entries.begin(), entries.end());
+    QStringList shown;
+    shown.reserve(entries.size());
+    // A very long line would cost the list its speed to draw; the row shows its start.
+    for (const QString& text : entries)
+        shown << (text.size() > kShownSnippetChars ? text.left(kShownSnippetChars) + QChar(0x2026)
+                                                   : text);
+    lstClip->addItems(shown);
 }
 
 QString frmMain::ClipEntry(int index) const {
-    QListWidgetItem* item = lstClip->item(index);
-    if (!item) return {};
-    QVariant whole = item->data(Qt::UserRole);
-    return whole.isValid() ? whole.toString() : item->text();
+    return index >= 0 && size_t(index) < clipEntries_.size() ? clipEntries_[size_t(index)]
+                                                              : QString();
 }
 
 void frmMain::lstClip_DblClick() {
@@ -304,7 +309,8 @@ void frmMain::lstClip_DblClick() {
 }
 
 int frmMain::GoClip(const QString& word) const {
-    for (int i = 0; i < lstClip->count(); ++i)
-        if (ClipEntry(i).startsWith(word, Qt::CaseInsensitive)) return i;
+    // The entries beside the list, not the list's rows: a key must not wait on the widget.
+    for (size_t i = 0; i < clipEntries_.size(); ++i)
+        if (clipEntries_[i].startsWith(word, Qt::CaseInsensitive)) return int(i);
     return -1;
 }

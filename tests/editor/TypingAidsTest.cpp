@@ -16,7 +16,7 @@ struct TypingAidsTest : AppFixture {
 
 // Each case types into a document holding `text`, with the caret at its end.
 TEST_F(TypingAidsTest, TypedKeysGetTheirAids) {
-    main->lstClip->addItems({"printf(\"%d\\n\", x);", "Println", "while"});
+    main->SetClipEntries({"printf(\"%d\\n\", x);", "Println", "while"});
     struct Case {
         const char* name;
         QString text, typed;
