@@ -22,7 +22,7 @@ const MenuEntry kMenu[] = {
     {"mnuFileExportUnix", "UNIX Text...", "", 2, &F::mnuFileExportUnix_Click},
     {"mnuFileExportClip", "ClipText Library...", "", 2, &F::mnuFileExportClip_Click},
     {"mnuFileExportTPL", "Kestrum Template...", "", 2, &F::mnuFileExportTPL_Click},
-    {"mnuFileCompare", "Co&mpare Files...", "", 1, nullptr, true},
+    {"mnuFileCompare", "Co&mpare Files...", "", 1, &F::mnuFileCompare_Click, true},
     {"mnuFilePrint", "&Print...", "Ctrl+P", 1, nullptr, true},
     {"mnuFilePrinterSetup", "Printer Setup...", "", 1, nullptr},
     {"mnuFilePageSetup", "Page Setup...", "", 1, nullptr},
@@ -134,9 +134,9 @@ const MenuEntry kMenu[] = {
     {"mnuHelpAbout", "&About ", "", 1, &F::mnuHelpAbout_Click},
 
     {"mnuBrowser", "Browser", "", 0, nullptr},
-    {"mnuBrowserOpen", "Open File", "", 1, nullptr},
-    {"mnuBrowserHexEditor", "Open in Hex Editor", "", 1, nullptr},
-    {"mnuBrowserDefault", "Open X in Default Viewer", "", 1, nullptr},
+    {"mnuBrowserOpen", "Open File", "", 1, &F::mnuBrowserOpen_Click},
+    {"mnuBrowserHexEditor", "Open in Hex Editor", "", 1, &F::mnuBrowserHexEditor_Click},
+    {"mnuBrowserDefault", "Open X in Default Viewer", "", 1, &F::mnuBrowserDefault_Click},
 
     {"mnuHidden", "Hidden", "", 0, nullptr},
     {"mnuHiddenShowKestrum", "Show Kestrum", "", 1, nullptr},

@@ -121,6 +121,7 @@ void frmMain::BuildWindow() {
     panels_[7]->setText("NUM");
 
     BuildMenus();
+    BuildBrowserPane();
     BuildToolbars();
     // "Documents:" pops up the Window menu with the open documents at its end.
     lblOpenFiles->installEventFilter(this);

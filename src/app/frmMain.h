@@ -26,6 +26,7 @@ class QToolBar;
 class QLocalServer;
 class QAction;
 class frmDocument;
+class FileView;
 class Subclass;
 class cSysTray;
 
@@ -156,6 +157,17 @@ class frmMain : public QMainWindow {
     void OpenToolLocation(const QString& path, int line, int column);
     std::array<QAction*, 21> mnuUtilityCmds{};
     QAction* UtilsSeparator = nullptr;
+
+    // --- File tools: comparison, file information, the browser pane (frmMainFiles.cpp) ---
+    void mnuFileCompare_Click();
+    void BuildBrowserPane();
+    void lstFiles_FileDblClick(const QString& path);
+    void lstFiles_MouseUp(Qt::MouseButton button);
+    void mnuBrowserOpen_Click();
+    void mnuBrowserDefault_Click();
+    void mnuBrowserHexEditor_Click();
+    FileView* lstFiles = nullptr;
+    QMenu* mnuBrowser = nullptr;
 
     // --- Shared by the commands ---
     void CycleRecentFiles(const QString& name);

@@ -330,16 +330,6 @@ void frmMain::mnuViewRefreshColors_Click() {
     doc->ColorCode();
 }
 
-void frmMain::mnuViewFileInfo_Click() {
-    frmDocument* doc = ActiveForm();
-    if (!doc) return;
-    if (doc->Tag.isEmpty()) {
-        cDialogs::Get().MsgBox(
-            "No information is available on the current file, as it has not been saved.",
-            MsgButtons::OK, MsgIcon::Exclamation, "Information Unavailable.");
-    }
-}
-
 void frmMain::mnuViewOpenDef_Click() {
     frmDocument* doc = ActiveForm();
     if (!doc) return;
