@@ -1,7 +1,7 @@
 #pragma once
 // Inputs shared by the painter benchmarks: a deterministic C source of any size, an
 // 80-entry C keyword list in three lists, and the four usual delimiter pairs.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <chrono>
 #include <cstdint>

@@ -3,12 +3,12 @@
 // whole text against a memcpy rewrite of the same bytes plus SCI_SETTEXT of the result
 // (at most 5 times). One measurement each, best of three runs.
 #include "BenchSource.h"
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "editor/frmDocument.h"
 #include "transforms/TransformCommands.h"
 #include "transforms/core/CaseTransforms.h"
 #include "transforms/core/HtmlFormat.h"
-#include "transforms/core/LineTransforms.h"
+#include "editor/core/LineCommand.h"
 #include "transforms/core/TextConversions.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 // (which recolours the line left) and an Up arrow, timed in a 10 MB and a 10 KB C document.
 // Prints the ratios with their targets.
 #include "BenchSource.h"
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"

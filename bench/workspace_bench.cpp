@@ -4,7 +4,7 @@
 // the completion key over it, each against a baseline of the same run. Prints the ratios
 // with their targets.
 #include "BenchSource.h"
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"

@@ -1,3 +1,92 @@
+# Layers, bottom first. Every library belongs to the layer of its folder under src/, and may
+# use only the layers beneath it (and, for a subsystem's forms, its own core). Subsystems of
+# one rank do not use each other.
+set(KESTRUM_LAYER_base 0)
+set(KESTRUM_LAYER_components 1)
+set(KESTRUM_LAYER_profiles 2)
+set(KESTRUM_LAYER_editor 3)
+set(KESTRUM_LAYER_transforms 4)
+set(KESTRUM_LAYER_search 5)
+set(KESTRUM_LAYER_tools 5)
+set(KESTRUM_LAYER_filetools 5)
+set(KESTRUM_LAYER_printing 5)
+set(KESTRUM_LAYER_app 9)
+
+# The folder of src/ that the calling CMakeLists.txt stands in.
+function(kestrum_folder_of_current out)
+    file(RELATIVE_PATH rel ${CMAKE_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REGEX REPLACE "/.*" "" folder "${rel}")
+    if(NOT DEFINED KESTRUM_LAYER_${folder})
+        message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR} is in no layer of src/")
+    endif()
+    set(${out} ${folder} PARENT_SCOPE)
+endfunction()
+
+# True when code of folder `from` may use folder `to`.
+function(kestrum_may_use from to out)
+    if(from STREQUAL to OR KESTRUM_LAYER_${to} LESS KESTRUM_LAYER_${from})
+        set(${out} TRUE PARENT_SCOPE)
+    else()
+        set(${out} FALSE PARENT_SCOPE)
+    endif()
+endfunction()
+
+# Registers a library in its folder's layer and refuses includes of higher or sibling layers.
+function(kestrum_layered name)
+    kestrum_folder_of_current(folder)
+    set_target_properties(${name} PROPERTIES KESTRUM_FOLDER ${folder})
+    set_property(GLOBAL APPEND PROPERTY KESTRUM_LAYERED_TARGETS ${name})
+    foreach(src ${ARGN})
+        get_filename_component(abs ${src} ABSOLUTE)
+        get_filename_component(dir ${abs} DIRECTORY)
+        get_filename_component(base ${abs} NAME_WE)
+        set(files ${abs})
+        if(EXISTS ${dir}/${base}.h)
+            list(APPEND files ${dir}/${base}.h)
+        endif()
+        foreach(f ${files})
+            if(NOT f MATCHES "\\.(cpp|h)$")
+                continue()
+            endif()
+            file(STRINGS ${f} includes REGEX "^[ \t]*#[ \t]*include[ \t]*\"[a-z]+/")
+            foreach(inc ${includes})
+                string(REGEX REPLACE "^[^\"]*\"([a-z]+)/.*" "\\1" used "${inc}")
+                if(NOT DEFINED KESTRUM_LAYER_${used})
+                    continue()
+                endif()
+                kestrum_may_use(${folder} ${used} ok)
+                if(NOT ok)
+                    message(FATAL_ERROR "${f} (layer ${folder}) includes ${used}/, which is not "
+                                        "beneath it: ${inc}")
+                endif()
+            endforeach()
+        endforeach()
+    endforeach()
+endfunction()
+
+# At the end of the configure step: no layered library links a library of a layer that is not
+# beneath its own (its own folder's libraries excepted).
+function(kestrum_check_layer_links)
+    get_property(targets GLOBAL PROPERTY KESTRUM_LAYERED_TARGETS)
+    foreach(t ${targets})
+        get_target_property(folder ${t} KESTRUM_FOLDER)
+        get_target_property(links ${t} LINK_LIBRARIES)
+        get_target_property(ilinks ${t} INTERFACE_LINK_LIBRARIES)
+        foreach(dep ${links} ${ilinks})
+            if(NOT dep OR NOT TARGET ${dep} OR NOT dep IN_LIST targets)
+                continue()
+            endif()
+            get_target_property(dep_folder ${dep} KESTRUM_FOLDER)
+            kestrum_may_use(${folder} ${dep_folder} ok)
+            if(NOT ok)
+                message(FATAL_ERROR "${t} (layer ${folder}) links ${dep} (layer ${dep_folder}), "
+                                    "which is not beneath it")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
+cmake_language(DEFER DIRECTORY ${CMAKE_SOURCE_DIR} CALL kestrum_check_layer_links)
+
 # kestrum_core_library(NAME sources...)
 # A pure-logic library of one subsystem. It must not see Qt: it gets no Qt include path and
 # links no Qt target, and a configure-time check refuses any Qt include in its sources.
@@ -13,6 +102,20 @@ function(kestrum_core_library name)
         endif()
     endforeach()
     target_link_libraries(kestrum_core INTERFACE ${name})
+    kestrum_layered(${name} ${ARGN})
+endfunction()
+
+# kestrum_qt_library(NAME sources...)
+# The forms and Qt glue of one subsystem, in the layer of its folder.
+function(kestrum_qt_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src ${QSCINTILLA_INCLUDE_DIR})
+    target_link_libraries(${name} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Network
+                          ${QSCINTILLA_LIBRARY})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    # The Qt headers every form includes, compiled once per library.
+    target_precompile_headers(${name} PRIVATE <QtWidgets/QtWidgets> <string> <vector>)
+    kestrum_layered(${name} ${ARGN})
 endfunction()
 
 # kestrum_test(NAME sources... [QT] [LABELS ...])

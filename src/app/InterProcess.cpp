@@ -4,11 +4,11 @@
 // dialog is open, and are acknowledged once handled here.
 #include "app/frmMain.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "components/Subclass.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 #include "editor/frmDocument.h"
 
 #include <QApplication>

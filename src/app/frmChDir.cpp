@@ -1,6 +1,6 @@
 #include "app/frmChDir.h"
 
-#include "app/HelpSystem.h"
+#include "components/HelpSystem.h"
 
 #include <QComboBox>
 #include <QDir>

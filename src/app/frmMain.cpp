@@ -1,8 +1,8 @@
 #include "app/frmMain.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/SingleInstance.h"
-#include "app/core/PathHelpers.h"
+#include "base/PathHelpers.h"
 #include "app/core/WorkspaceFile.h"
 #include "components/cDialogs.h"
 #include "components/FlipPane.h"
@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QAction>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScreen>
@@ -35,6 +36,7 @@ frmMain* MainForm() { return theMainForm; }
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     theMainForm = this;
+    SetDocumentHost(this);
     setWindowTitle(QStringLiteral("Kestrum"));
     BuildWindow();
 }
@@ -42,6 +44,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
 frmMain::~frmMain() {
     // Documents that go with the window must not call back into a half-destroyed one.
     theMainForm = nullptr;
+    SetDocumentHost(nullptr);
 }
 
 void frmMain::BuildWindow() {
@@ -205,6 +208,14 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
 
     NewDocument();
     if (!commandLine.isEmpty()) LoadCommandLine(commandLine);
+    loaded_ = true;
+}
+
+bool frmMain::Busy() const {
+    if (!loaded_) return true;
+    for (frmDocument* doc : Documents().OpenDocuments())
+        if (doc->CodingInProgress()) return true;
+    return false;
 }
 
 void frmMain::LoadCommandLine(const QString& commandLine) {
@@ -283,6 +294,36 @@ frmDocument* frmMain::ActiveForm() const {
     QMdiSubWindow* w = mdiArea->activeSubWindow();
     if (!w) w = mdiArea->currentSubWindow();
     return w ? qobject_cast<frmDocument*>(w->widget()) : nullptr;
+}
+
+void frmMain::ActivateDocument(frmDocument* doc) {
+    if (QMdiSubWindow* w = doc ? doc->SubWindow() : nullptr) mdiArea->setActiveSubWindow(w);
+}
+
+QSize frmMain::DocumentAreaSize() const {
+    QSize area = mdiArea->viewport()->size();
+    // Before the main window is first shown its area has no size yet.
+    if (area.width() < 200 || area.height() < 150)
+        area = (size() - QSize(0, 160)).expandedTo(QSize(400, 300));
+    return area;
+}
+
+void frmMain::RefreshStatus() { statusBar()->update(); }
+
+void frmMain::RunCommand(const char* name) {
+    if (QAction* a = Command(QString::fromLatin1(name))) a->trigger();
+}
+
+bool frmMain::SaveActiveDocument() {
+    mnuFileSave_Click();
+    frmDocument* doc = ActiveForm();
+    return doc && !doc->Changed;
+}
+
+std::optional<QString> frmMain::CompletionFor(const QString& word) const {
+    int i = GoClip(word);
+    if (i < 0) return std::nullopt;
+    return ClipEntry(i);
 }
 
 void frmMain::OnSubWindowActivated(QMdiSubWindow* w) {

@@ -3,6 +3,7 @@
 // the tool bars, the status bar and the side panes, and every command of the program
 // arrives here first.
 #include "components/cDialogs.h"
+#include "editor/DocumentHost.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -30,7 +31,7 @@ class FileView;
 class Subclass;
 class cSysTray;
 
-class frmMain : public QMainWindow {
+class frmMain : public QMainWindow, public DocumentHost {
     Q_OBJECT
   public:
     explicit frmMain(QWidget* parent = nullptr);
@@ -41,23 +42,35 @@ class frmMain : public QMainWindow {
     void MDIForm_Load(const QString& commandLine);
     // The close step: writes the window and layout keys.
     void MDIForm_Unload();
+    // Still loading, or a document is being coloured: a close now would be refused or cut
+    // a pass short, so a request to end waits for this to pass.
+    bool Busy() const;
 
     // The active document, or none.
     frmDocument* ActiveForm() const;
 
+    // --- The host of the document windows ---
+    frmDocument* ActiveDocument() const override { return ActiveForm(); }
+    void ActivateDocument(frmDocument* doc) override;
+    QSize DocumentAreaSize() const override;
+    void RefreshStatus() override;
+    void RunCommand(const char* name) override;
+    bool SaveActiveDocument() override;
+    std::optional<QString> CompletionFor(const QString& word) const override;
+
     // --- Tab strip, kept in step with the documents by slot key "Tab<n>" ---
-    void AddTab(const QString& key, const QString& caption);
-    void RemoveTab(const QString& key);
+    void AddTab(const QString& key, const QString& caption) override;
+    void RemoveTab(const QString& key) override;
     int FindTab(const QString& key) const;
-    void SetTabCaption(const QString& key, const QString& caption);
-    void SelectTab(const QString& key, const QString& toolTip);
+    void SetTabCaption(const QString& key, const QString& caption) override;
+    void SelectTab(const QString& key, const QString& toolTip) override;
 
     // --- Status bar panels, numbered as the program refers to them ---
     // 1 messages, 2 selection, 3 position, 4 modified state, 5 "INS", 6 "CAPS", 7 "NUM".
-    void SetPanelText(int panel, const QString& text);
+    void SetPanelText(int panel, const QString& text) override;
     QString PanelText(int panel) const;
-    void SetPanelEnabled(int panel, bool enabled);
-    void SetDocInfo(const QString& text);
+    void SetPanelEnabled(int panel, bool enabled) override;
+    void SetDocInfo(const QString& text) override;
     QString DocInfo() const;
 
     // --- File commands (frmMainFile.cpp) ---
@@ -79,7 +92,7 @@ class frmMain : public QMainWindow {
     // when one is named, caption and tab, Tag, the recent list when asked, the profile, and
     // Changed cleared. Null when a step failed (the new window stays), the reason in *error.
     frmDocument* OpenFileInNewDocument(const QString& path, const QString& backup,
-                                       bool addToRecent, QString* error);
+                                       bool addToRecent, QString* error) override;
     void mnuFileExit_Click();
     // Clears the editor settings and the language table, then exits.
     void mnuPrefsReset_Click();
@@ -174,11 +187,11 @@ class frmMain : public QMainWindow {
     void RefreshRecentFiles();
     void RefreshControls();
     void CreateSyntaxAssocs();
-    void PopupEditMenu(const QPoint& globalPos);
+    void PopupEditMenu(const QPoint& globalPos) override;
     // The menu item of a command by its name ("mnuFileSave"); null when there is none.
     QAction* Command(const QString& name) const;
     // Every shortcut of the menus: the edit controls leave these keys to the menus.
-    QList<QKeySequence> MenuShortcuts() const;
+    QList<QKeySequence> MenuShortcuts() const override;
 
     // --- Desktop integration and the small windows of the shell (frmMainDesktop.cpp) ---
     void mnuFileChDir_Click();
@@ -288,7 +301,7 @@ class frmMain : public QMainWindow {
     QPointer<QMdiSubWindow> lastActive_;
     bool unloaded_ = false;
     std::vector<QString> clipEntries_; // lstClip's entries, whole
-
+    bool loaded_ = false;
 };
 
 // The one main window of this process.

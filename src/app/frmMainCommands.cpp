@@ -1,17 +1,17 @@
 // The menus and tool bars of the main window, and its Edit, View, Window and Help commands.
-#include "app/AppGlobals.h"
-#include "app/DataPaths.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
 #include "app/CommandTable.h"
-#include "app/HelpSystem.h"
+#include "components/HelpSystem.h"
 #include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 #include "editor/frmDocument.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
 #include "profiles/frmConfigAssocProfile.h"
-#include "transforms/core/LineTransforms.h"
+#include "editor/core/LineCommand.h"
 
 #include <QAction>
 #include <QApplication>

@@ -3,14 +3,14 @@
 // one command to the next: a command sets only what it needs, the rest is as it was left.
 #include "app/frmMain.h"
 
-#include "app/AppGlobals.h"
-#include "app/core/PathHelpers.h"
+#include "base/qt/AppGlobals.h"
+#include "base/PathHelpers.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/SafeSave.h"
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 #include "editor/frmDocument.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -1,8 +1,8 @@
 // The main window's file tools: the comparison, file information and the browser pane.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "components/FlipPane.h"
-#include "app/core/PathHelpers.h"
+#include "base/PathHelpers.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"

@@ -1,5 +1,5 @@
 // The main window's commands of compilers, viewers, utilities and the DOS command.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "editor/DocumentArray.h"
 #include "editor/RichEdit.h"

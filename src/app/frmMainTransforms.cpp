@@ -1,6 +1,6 @@
 // The Format and Edit menu commands that change text, and the HTML assistants. Each hands
 // the active document to the transform commands; with no document active each does nothing.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "editor/frmDocument.h"
 #include "transforms/TransformCommands.h"

@@ -2,7 +2,7 @@
 // does not hide when minimised, and nothing but these commands reacts to the icon.
 #include "app/frmMain.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "components/cSysTray.h"
 
 #include <QAction>

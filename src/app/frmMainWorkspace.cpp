@@ -1,9 +1,9 @@
 // Workspaces, the two roll-up panes, templates and cliptext libraries. A workspace file lists
 // the open documents, caption and path, so that one command reopens them all; templates and
 // libraries are plain files in two folders beside the program, listed as their catalogue.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
-#include "app/core/PathHelpers.h"
+#include "base/PathHelpers.h"
 #include "app/core/WorkspaceFile.h"
 #include "components/FlipPane.h"
 #include "components/cDialogs.h"

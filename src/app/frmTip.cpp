@@ -1,7 +1,7 @@
 #include "app/frmTip.h"
 
-#include "app/AppGlobals.h"
-#include "app/DataPaths.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,11 +1,12 @@
 // The program's entry point. A first instance shows the splash, loads and shows the main
 // window; a later one hands its command line to the first and ends at once.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/SingleInstance.h"
-#include "app/core/PathHelpers.h"
+#include "base/PathHelpers.h"
 #include "app/frmMain.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QTimer>
 #include <atomic>
 #include <csignal>
@@ -15,6 +16,9 @@
 
 namespace {
 std::atomic<bool> terminateRequested{false};
+// Events are also served before the main loop runs (the splash waits for the window to show),
+// and an exit asked for then would be forgotten when the loop starts.
+bool mainLoopRunning = false;
 
 // The end of the session closes the main window as the user would, so that the window
 // and layout keys are written.
@@ -23,13 +27,25 @@ void CatchTermination() {
     std::signal(SIGHUP, [](int) { terminateRequested = true; });
 }
 
+// The request is served as soon as the program can close: a box that stands open (a
+// start-up message, say) is dismissed first, and a load or colouring pass is let finish.
+// The close then asks about unsaved documents as any close does.
 void WatchForTermination(frmMain& main) {
     auto* t = new QTimer(&main);
     QObject::connect(t, &QTimer::timeout, &main, [&main] {
-        if (!terminateRequested.exchange(false)) return;
-        // A modal window (the start-up tip, a question) would hold the process open.
-        if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
-        main.close();
+        if (!terminateRequested) return;
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            if (auto* dialog = qobject_cast<QDialog*>(modal))
+                dialog->reject();
+            else
+                modal->close();
+            return;
+        }
+        if (!mainLoopRunning || main.Busy()) return;
+        terminateRequested = false;
+        // A close the user cancelled keeps the program; once the window has gone, the
+        // program ends even if a window of its own (a tool window, say) would hold it.
+        if (main.close() || !main.isVisible()) QCoreApplication::exit(0);
     });
     t->start(100);
 }
@@ -83,5 +99,6 @@ int main(int argc, char** argv) {
     // The tip comes once the event loop runs, so that requests and the end of the session
     // are served while it stands.
     QTimer::singleShot(0, &main, [&main] { main.ShowStartupTip(); });
+    QTimer::singleShot(0, [] { mainLoopRunning = true; });
     return app.exec();
 }

@@ -1,6 +1,6 @@
 #include "components/cDialogs.h"
 
-#include "app/frmInputBox.h"
+#include "components/frmInputBox.h"
 
 #include <QApplication>
 #include <QColorDialog>

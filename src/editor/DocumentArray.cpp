@@ -1,6 +1,6 @@
 #include "editor/DocumentArray.h"
 
-#include "app/frmMain.h"
+#include "editor/DocumentHost.h"
 #include "editor/frmDocument.h"
 
 #include <QMdiArea>
@@ -20,19 +20,26 @@ void DocumentArray::Reset(QMdiArea* area) {
 }
 
 frmDocument* DocumentArray::NewDocument() {
-    if (!area_) return nullptr;
     int32_t number = slots_.NextFileNumber();
     int idx = slots_.FindFreeIndex();
     if (windows_.size() < size_t(idx)) windows_.resize(size_t(idx));
     auto* doc = new frmDocument(int16_t(idx));
     windows_[size_t(idx - 1)] = doc;
     doc->setWindowTitle("Untitled " + QString::number(number));
-    QMdiSubWindow* w = area_->addSubWindow(doc);
-    w->setAttribute(Qt::WA_DeleteOnClose);
-    w->setWindowTitle(doc->windowTitle());
-    doc->Form_Load();
-    w->show();
-    area_->setActiveSubWindow(w);
+    if (area_) {
+        QMdiSubWindow* w = area_->addSubWindow(doc);
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        w->setWindowTitle(doc->windowTitle());
+        doc->Form_Load();
+        w->show();
+        area_->setActiveSubWindow(w);
+    } else {
+        // Without a window the document is a hidden widget of its own.
+        doc->setAttribute(Qt::WA_DeleteOnClose);
+        doc->resize(Host().DocumentAreaSize());
+        doc->Form_Load();
+    }
+    Host().ActivateDocument(doc);
     doc->Changed = false;
     return doc;
 }

@@ -1,24 +1,16 @@
 #include "editor/RichEdit.h"
 
-#include "editor/SafeSave.h"
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 
 #include <Qsci/qscicommand.h>
 #include <Qsci/qscicommandset.h>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFile>
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
 #include <algorithm>
-
-namespace {
-constexpr unsigned long kStyleMask = kColorSlotCount;
-constexpr int kTwipsPerPixel = 15;
-} // namespace
 
 RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
     setUtf8(true);
@@ -161,141 +153,6 @@ void RichEdit::ReleaseKeys(const QList<QKeySequence>& keys) {
 }
 
 void RichEdit::SetSelColor(ColorSlot slot) { PaintRange(SelStart(), SelLength(), slot); }
-
-// ---------------------------------------------------------------- look
-
-void RichEdit::ApplyFont() {
-    QString family = fontName_;
-    // A font the machine lacks would fall back to a proportional face; a programmer's
-    // editor falls back to the system's fixed-width font instead.
-    if (!QFontDatabase::hasFamily(family))
-        family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-    QByteArray name = family.toUtf8();
-    auto apply = [&](unsigned long style) {
-        SciPtr(SCI_STYLESETFONT, style, name.constData());
-        Sci(SCI_STYLESETSIZEFRACTIONAL, style, long(std::max(1.0f, fontSize_) * 100));
-        Sci(SCI_STYLESETBOLD, style, bold_);
-        Sci(SCI_STYLESETITALIC, style, italic_);
-    };
-    apply(STYLE_DEFAULT);
-    for (unsigned long s = 0; s < kStyleMask; ++s) apply(s);
-}
-
-static long ColorRef(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue() << 16); }
-
-void RichEdit::ApplyColors() {
-    Sci(SCI_STYLESETBACK, STYLE_DEFAULT, ColorRef(back_));
-    Sci(SCI_STYLESETFORE, STYLE_DEFAULT, ColorRef(slotColors_[0]));
-    for (unsigned long s = 0; s < kStyleMask; ++s) {
-        Sci(SCI_STYLESETBACK, s, ColorRef(back_));
-        Sci(SCI_STYLESETFORE, s, ColorRef(slotColors_[s]));
-    }
-    // The caret must stay visible on a dark background.
-    QColor caret = back_.lightness() < 128 ? Qt::white : Qt::black;
-    Sci(SCI_SETCARETFORE, ColorRef(caret));
-}
-
-void RichEdit::SetSelFontName(const QString& name) {
-    if (name == fontName_) return;
-    fontName_ = name;
-    ApplyFont();
-}
-void RichEdit::SetSelFontSize(float points) {
-    if (points == fontSize_) return;
-    fontSize_ = points;
-    ApplyFont();
-}
-void RichEdit::SetSelBold(bool bold) {
-    if (bold == bold_) return;
-    bold_ = bold;
-    ApplyFont();
-}
-void RichEdit::SetSelItalic(bool italic) {
-    if (italic == italic_) return;
-    italic_ = italic;
-    ApplyFont();
-}
-void RichEdit::SetSelIndent(int twips) { Sci(SCI_SETMARGINLEFT, 0, twips / kTwipsPerPixel); }
-
-void RichEdit::SetBackColor(const QColor& c) {
-    if (c == back_) return;
-    back_ = c;
-    ApplyColors();
-}
-
-void RichEdit::SetSlotColor(ColorSlot slot, const QColor& c) {
-    if (slotColors_[size_t(slot)] == c) return;
-    slotColors_[size_t(slot)] = c;
-    Sci(SCI_STYLESETFORE, (unsigned long)slot, ColorRef(c));
-    if (slot == ColorSlot::Text) Sci(SCI_STYLESETFORE, STYLE_DEFAULT, ColorRef(c));
-}
-
-void RichEdit::SetRightMargin(int twips) {
-    setWrapMode(twips >= 1048576 ? QsciScintilla::WrapNone : QsciScintilla::WrapWord);
-}
-
-// ---------------------------------------------------------------- files
-
-void RichEdit::ResetEncoding(bool utf8) { setUtf8(utf8); }
-
-bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) {
-        if (error) *error = f.errorString();
-        return false;
-    }
-    // Read in chunks straight into the control, so that a large file is held only once
-    // beside the control's own buffer.
-    constexpr qint64 kChunk = 4 << 20;
-    CrLfNormalizer norm;
-    Utf8Validator utf8;
-    std::string raw, converted;
-    raw.resize(size_t(std::min<qint64>(kChunk, std::max<qint64>(f.size(), 1))));
-    Sci(SCI_SETUNDOCOLLECTION, 0);
-    // Each modification event costs the control a pass over the text before the insertion,
-    // which for chunks appended at the end grows with the file: the events are off during
-    // the load, and its one change is reported at the end.
-    long eventMask = Sci(SCI_GETMODEVENTMASK);
-    Sci(SCI_SETMODEVENTMASK, 0);
-    bool hadText = TextLength() > 0;
-    DropDeferredStyles(); // the events that would drop it are off
-    Sci(SCI_CLEARALL);
-    if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
-    bool ok = true;
-    for (;;) {
-        qint64 n = f.read(raw.data(), qint64(raw.size()));
-        if (n < 0) {
-            ok = false;
-            break;
-        }
-        if (n == 0) break;
-        std::string_view piece(raw.data(), size_t(n));
-        utf8.Feed(piece);
-        converted.clear();
-        norm.Feed(piece, converted);
-        SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
-    }
-    converted.clear();
-    norm.Finish(converted);
-    SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
-    setUtf8(utf8.Finish());
-    Sci(SCI_SETMODEVENTMASK, eventMask);
-    if (hadText || TextLength() > 0) emit textChanged();
-    Sci(SCI_SETUNDOCOLLECTION, 1);
-    Sci(SCI_EMPTYUNDOBUFFER);
-    Sci(SCI_SETSEL, 0, 0);
-    if (!ok && error) *error = f.errorString();
-    (void)type;
-    return ok;
-}
-
-bool RichEdit::SaveFile(const QString& path, int type, QString* error) {
-    // Type 0 is the document as rich text, any other type its plain text. Either way a failed
-    // write leaves the old file whole.
-    std::string rtf;
-    if (type == 0) rtf = TextRTF();
-    return SaveBytesSafely(path, type == 0 ? std::string_view(rtf) : TextView(), error);
-}
 
 // ---------------------------------------------------------------- search
 

@@ -8,7 +8,7 @@
 // (DeferStyles): the control then takes it as it shows or measures the text
 // (RichEditStyles.cpp).
 #include "editor/core/ColorSlot.h"
-#include "transforms/core/LineTransforms.h"
+#include "editor/core/LineCommand.h"
 
 #include <Qsci/qsciscintilla.h>
 #include <QColor>

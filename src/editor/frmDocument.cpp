@@ -1,14 +1,14 @@
 #include "editor/frmDocument.h"
 
-#include "app/AppGlobals.h"
-#include "app/DataPaths.h"
-#include "app/frmMain.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
+#include "editor/DocumentHost.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
-#include "transforms/core/LineTransforms.h"
-#include "transforms/core/MiscSubs.h"
+#include "editor/core/LineCommand.h"
+#include "base/MiscSubs.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -41,11 +41,10 @@ frmDocument::frmDocument(int16_t formIndex, QWidget* parent) : QWidget(parent), 
     connect(tmrChanges, &QTimer::timeout, this, &frmDocument::tmrChanges_Timer);
     connect(rtfText, &RichEdit::CharacterRefused, this, [] {
         QApplication::beep();
-        if (frmMain* m = MainForm())
-            m->SetPanelText(1, QObject::tr("This file is not UTF-8: it cannot hold that character."));
+        Host().SetPanelText(1, QObject::tr("This file is not UTF-8: it cannot hold that character."));
     });
     tmrChanges->start();
-    if (frmMain* m = MainForm()) rtfText->ReleaseKeys(m->MenuShortcuts());
+    rtfText->ReleaseKeys(Host().MenuShortcuts());
 }
 
 frmDocument::~frmDocument() { Form_Unload(); }
@@ -60,12 +59,8 @@ void frmDocument::SetCaption(const QString& caption) {
 }
 
 void frmDocument::Form_Load() {
-    frmMain* m = MainForm();
-    if (QMdiSubWindow* w = SubWindow(); w && m) {
-        QSize area = m->mdiArea->viewport()->size();
-        // Before the main window is first shown its area has no size yet.
-        if (area.width() < 200 || area.height() < 150)
-            area = (m->size() - QSize(0, 160)).expandedTo(QSize(400, 300));
+    if (QMdiSubWindow* w = SubWindow()) {
+        QSize area = Host().DocumentAreaSize();
         w->resize(int(area.width() * 0.9), int(area.height() * 0.9));
     }
     const EditorSettings& g = g_EditorSettings();
@@ -75,7 +70,7 @@ void frmDocument::Form_Load() {
     rtfText->SetSelFontName(FromBytes(g.EditorFont));
     rtfText->SetSelBold(g.EditorBold);
     rtfText->SetSelItalic(g.EditorItalic);
-    if (m) m->AddTab(TabKey(), Caption());
+    Host().AddTab(TabKey(), Caption());
     settings_ = g;
     Changed = false;
 }
@@ -103,7 +98,7 @@ void frmDocument::ReflectSettings() { settings_ = g_SelectedProfile(); }
 void frmDocument::RefreshDisplay() {
     Form_Resize();
     bool changed = Changed;
-    if (frmMain* m = MainForm()) m->SetTabCaption(TabKey(), Caption());
+    Host().SetTabCaption(TabKey(), Caption());
     if (!codingInProgress_) {
         bool highlight = ChangedHighLight;
         const EditorSettings& g = g_EditorSettings();
@@ -128,33 +123,30 @@ void frmDocument::Form_Activate() {
 
 void frmDocument::Form_GotFocus() {
     Form_Resize();
-    frmMain* m = MainForm();
-    if (!m) return;
-    m->SetPanelText(2, QString::number(rtfText->SelLength()) + " bytes selected.");
-    m->SelectTab(TabKey(), Tag);
+    Host().SetPanelText(2, QString::number(rtfText->SelLength()) + " bytes selected.");
+    Host().SelectTab(TabKey(), Tag);
 }
 
 void frmDocument::rtfText_SelChange() {
     if (SelChangeMuted || !rtfText->isVisible()) return;
-    if (frmMain* m = MainForm())
-        m->SetPanelText(2, QString::number(rtfText->SelLength()) + " selected.");
+    Host().SetPanelText(2, QString::number(rtfText->SelLength()) + " selected.");
     // The control keeps one font for all text, so a caret can never land in foreign
     // formatting and the typing attributes need no reset here.
 }
 
 void frmDocument::tmrChanges_Timer() {
-    frmMain* m = MainForm();
-    if (!m || m->ActiveForm() != this || codingInProgress_) return;
+    DocumentHost& m = Host();
+    if (m.ActiveDocument() != this || codingInProgress_) return;
     int64_t sel = rtfText->SelStart();
     int line = rtfText->LineFromChar(sel);
     QString pos = QStringLiteral("Line %1 : Col %2")
                       .arg(line + 1)
                       .arg(sel + 1 - rtfText->LineIndex(line));
-    m->SetPanelText(3, pos);
-    m->SetPanelText(4, Changed ? QStringLiteral("MODIFIED") : QStringLiteral("UNMODIFIED"));
-    m->SetDocInfo(pos);
+    m.SetPanelText(3, pos);
+    m.SetPanelText(4, Changed ? QStringLiteral("MODIFIED") : QStringLiteral("UNMODIFIED"));
+    m.SetDocInfo(pos);
     // "INS" stands greyed while the Insert key has switched to overtyping.
-    m->SetPanelEnabled(5, !rtfText->overwriteMode());
+    m.SetPanelEnabled(5, !rtfText->overwriteMode());
 }
 
 void frmDocument::rtfText_Change() {
@@ -164,16 +156,14 @@ void frmDocument::rtfText_Change() {
 
 void frmDocument::rtfText_MouseUp(int Button, int, int, int) {
     if (Button == 2)
-        if (frmMain* m = MainForm()) m->PopupEditMenu(QCursor::pos());
+        Host().PopupEditMenu(QCursor::pos());
 }
 
 void frmDocument::rtfText_OLEDragDrop(const QStringList& files) {
-    frmMain* m = MainForm();
-    if (!m) return;
     for (const QString& file : files) {
         QString error;
         QString backup = g_EditorSettings().Backup ? file + "~" : QString();
-        if (!m->OpenFileInNewDocument(file, backup, true, &error)) {
+        if (!Host().OpenFileInNewDocument(file, backup, true, &error)) {
             // The rest of the list is left; the window made for this file stays.
             cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\n" + error,
                                    MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
@@ -209,11 +199,9 @@ bool frmDocument::Form_QueryUnload(int unloadMode) {
         MsgButtons::YesNoCancel, MsgIcon::Question, "Save Changes?");
     if (r == MsgResult::Cancel) return true;
     if (r == MsgResult::Yes) {
-        if (frmMain* m = MainForm()) {
-            // The save acts on the active document: make sure that is this one.
-            if (QMdiSubWindow* w = SubWindow()) m->mdiArea->setActiveSubWindow(w);
-            m->mnuFileSave_Click();
-        }
+        // The save acts on the active document: make sure that is this one.
+        Host().ActivateDocument(this);
+        Host().SaveActiveDocument();
     }
     return false;
 }
@@ -224,7 +212,7 @@ void frmDocument::Form_Unload() {
     tmrChanges->stop();
     Documents().Release(FormIndex);
     syntaxLoaded_ = false;
-    if (frmMain* m = MainForm()) m->RemoveTab(TabKey());
+    Host().RemoveTab(TabKey());
 }
 
 // ---------------------------------------------------------------- syntax
@@ -346,7 +334,7 @@ void frmDocument::ColorCode() {
         rtfText->setVisible(true);
     else
         rtfText->SetRedraw(true);
-    if (frmMain* m = MainForm()) m->statusBar()->update();
+    Host().RefreshStatus();
     Changed = changed;
     unsetCursor();
     codingInProgress_ = false;
@@ -424,31 +412,28 @@ void frmDocument::CommentBlock() {
 // ---------------------------------------------------------------- typing aids
 
 void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
-    frmMain* m = MainForm();
-    if (rtfText->SelLength() != 0 && KeyCode == 9 && m) {
-        if (Shift & 1)
-            m->mnuFormatUnindent_Click();
-        else
-            m->mnuFormatIndent_Click();
-    }
-    if (Shift == 4 && m) {
-        if (KeyCode == 39) m->mnuFormatIndent_Click();
-        if (KeyCode == 37) m->mnuFormatUnindent_Click();
+    DocumentHost& m = Host();
+    if (rtfText->SelLength() != 0 && KeyCode == 9)
+        m.RunCommand((Shift & 1) ? "mnuFormatUnindent" : "mnuFormatIndent");
+    if (Shift == 4) {
+        if (KeyCode == 39) m.RunCommand("mnuFormatIndent");
+        if (KeyCode == 37) m.RunCommand("mnuFormatUnindent");
     }
     if (KeyCode == 13) {
         ChangedHighLight = true;
         CodeLine();
     }
-    if ((KeyCode == 32 || KeyCode == 13) && g_EditorSettings().AutoComplete && m) {
+    if ((KeyCode == 32 || KeyCode == 13) && g_EditorSettings().AutoComplete) {
         int64_t p = rtfText->SelStart();
         rtfText->Span(std::string_view("\n\r .,:;?!"), false);
         int64_t s = rtfText->SelStart();
         rtfText->SetSelStart(s);
         rtfText->SetSelLength(p - s);
         std::string word(Trim(rtfText->SelText()));
-        int i = word.size() < 3 ? -1 : m->GoClip(rtfText->FromDocumentBytes(word));
+        std::optional<QString> found;
+        if (word.size() >= 3) found = m.CompletionFor(rtfText->FromDocumentBytes(word));
         // An entry that a Latin-1 document cannot hold is not put in.
-        auto entry = i < 0 ? std::nullopt : rtfText->ToDocumentBytes(m->ClipEntry(i));
+        auto entry = found ? rtfText->ToDocumentBytes(*found) : std::nullopt;
         if (!entry) {
             rtfText->SetSelStart(p);
             return;

@@ -2,7 +2,7 @@
 // frmDocument: one document window of the main window, built round its edit control.
 // It owns its text and colours and a private copy of the syntax settings, so that documents
 // of different languages keep their own keyword lists.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 #include "editor/RichEdit.h"
 #include "editor/core/Painter.h"
 

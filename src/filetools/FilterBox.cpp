@@ -1,6 +1,6 @@
 #include "filetools/FilterBox.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "filetools/core/FolderListing.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "filetools/cRegistry.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "filetools/core/DesktopAssociations.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "filetools/frmAssociateFiles.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "components/cDialogs.h"
 #include "filetools/cRegistry.h"
 #include "filetools/core/DesktopAssociations.h"

@@ -1,8 +1,8 @@
 #include "filetools/frmCompareFiles.h"
 
-#include "app/AppGlobals.h"
-#include "app/HelpSystem.h"
-#include "app/core/PathHelpers.h"
+#include "base/qt/AppGlobals.h"
+#include "components/HelpSystem.h"
+#include "base/PathHelpers.h"
 #include "components/cDialogs.h"
 #include "filetools/frmComparison.h"
 

@@ -1,6 +1,6 @@
 #include "filetools/frmComparison.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 
 #include <QApplication>
 #include <QHeaderView>

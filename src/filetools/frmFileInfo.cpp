@@ -1,8 +1,8 @@
 #include "filetools/frmFileInfo.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "filetools/core/FileInfoMod.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 #include <QCheckBox>
 #include <QEvent>

@@ -1,7 +1,7 @@
 #include "profiles/ProfileSaving.h"
 
-#include "app/AppGlobals.h"
-#include "app/DataPaths.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
 #include "components/cDialogs.h"
 #include "profiles/core/ProfileFile.h"
 

@@ -1,8 +1,8 @@
 #include "profiles/frmConfigAssocProfile.h"
 
-#include "app/AppGlobals.h"
-#include "app/DataPaths.h"
-#include "app/HelpSystem.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
+#include "components/HelpSystem.h"
 #include "components/cDialogs.h"
 #include "profiles/core/SyntaxAssociations.h"
 

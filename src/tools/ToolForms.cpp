@@ -1,7 +1,7 @@
 #include "tools/ToolForms.h"
 
-#include "app/AppGlobals.h"
-#include "app/HelpSystem.h"
+#include "base/qt/AppGlobals.h"
+#include "components/HelpSystem.h"
 
 #include <QDialog>
 #include <QGroupBox>

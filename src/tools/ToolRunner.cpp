@@ -1,6 +1,6 @@
 #include "tools/ToolRunner.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "components/cDialogs.h"
 
 #include <QDir>

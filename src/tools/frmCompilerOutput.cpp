@@ -1,6 +1,6 @@
 #include "tools/frmCompilerOutput.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "tools/core/ErrorLocation.h"
 
 #include <Qsci/qsciscintilla.h>

@@ -1,7 +1,7 @@
 #include "tools/frmDefaultCompiler.h"
 
-#include "app/AppGlobals.h"
-#include "app/HelpSystem.h"
+#include "base/qt/AppGlobals.h"
+#include "components/HelpSystem.h"
 #include "components/cDialogs.h"
 #include "tools/ToolForms.h"
 #include "tools/frmAddCompiler.h"

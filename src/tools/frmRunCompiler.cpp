@@ -1,10 +1,10 @@
 #include "tools/frmRunCompiler.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "tools/ToolForms.h"
 #include "tools/ToolRunner.h"
 #include "tools/core/ToolMacros.h"
-#include "app/core/PathHelpers.h"
+#include "base/PathHelpers.h"
 #include "tools/frmCompilerOutput.h"
 
 #include <QCheckBox>

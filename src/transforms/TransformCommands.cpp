@@ -1,6 +1,6 @@
 #include "transforms/TransformCommands.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "components/cDialogs.h"
 #include "editor/frmDocument.h"
 #include "transforms/core/HtmlAssist.h"

@@ -3,7 +3,7 @@
 // result with the byte-string routines of transforms/core and applies it as one undo step.
 // The main window's handlers and kestrum-do both call these.
 #include "transforms/core/CaseTransforms.h"
-#include "transforms/core/LineTransforms.h"
+#include "editor/core/LineCommand.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "transforms/frmHTMLTags.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "editor/frmDocument.h"
 #include "transforms/TransformCommands.h"
 #include "transforms/core/HtmlAssist.h"

@@ -1,6 +1,6 @@
 #include "transforms/frmSpacestoTabs.h"
 
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "transforms/TabDialogLayout.h"
 
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 // The tip of the day, the About box and the folder dialog, headless.
-#include "app/DataPaths.h"
+#include "base/qt/DataPaths.h"
 #include "app/frmAbout.h"
 #include "app/frmChDir.h"
 #include "app/frmTip.h"

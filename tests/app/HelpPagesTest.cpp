@@ -1,6 +1,6 @@
 // Checks of the help pages and the tips file that ship in data/: every topic that the program
 // opens has its page, the contents frame reaches every page, and no local link is dead.
-#include "app/core/HelpTopic.h"
+#include "base/HelpTopic.h"
 #include "app/core/TipFile.h"
 #include "support/TempDir.h"
 

@@ -29,4 +29,16 @@ cmp -s "$WORK/hello world.c~" <(printf 'int main() {\r\n  return 0;\r\n}\r\n') |
     fail "backup does not hold the loaded text"
 kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM"
+
+# A TERM that comes while a large file is still being loaded and coloured is served once
+# the editor can close, and the close still writes the window keys.
+sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
+{ yes 'int f(int x) { /* comment */ return x + 1; } // line' || true; } | head -c 10000000 > "$WORK/big.c"
+"$KESTRUM" "$WORK/big.c" &
+PIDS+=($!)
+main_pid=$!
+wait_for_window "^Kestrum" >/dev/null || fail "no main window with the large file"
+kill -TERM "$main_pid"
+wait_gone "$main_pid" || fail "editor did not end on TERM while colouring"
+[ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM while colouring"
 echo "1 passed, 0 failed"

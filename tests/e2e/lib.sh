@@ -18,7 +18,8 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 # wait_for_window TITLE: the id of a visible top-level window whose title matches.
 wait_for_window() {
     local id=""
-    for _ in $(seq 1 100); do
+    # Generous limits: a loaded machine running the sanitizer build is slow to start.
+    for _ in $(seq 1 300); do
         id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n1 || true)
         [ -n "$id" ] && { echo "$id"; return 0; }
         sleep 0.2
@@ -28,7 +29,7 @@ wait_for_window() {
 
 # wait_gone PID: waits until the process has ended.
 wait_gone() {
-    for _ in $(seq 1 100); do
+    for _ in $(seq 1 300); do
         kill -0 "$1" 2>/dev/null || return 0
         sleep 0.2
     done

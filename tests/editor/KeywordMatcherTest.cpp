@@ -3,7 +3,7 @@
 // The automaton itself is checked against the literal reference painter elsewhere.
 #include "editor/core/KeywordMatcher.h"
 
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <gtest/gtest.h>
 

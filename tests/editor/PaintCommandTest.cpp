@@ -1,9 +1,9 @@
 // The command-line painter: option reading, golden outputs of the built binary on a small C
 // file (checked against the literal reference painter as well), and its error exits.
 #include "editor/core/PaintCommand.h"
-#include "app/core/SettingsStore.h"
+#include "base/SettingsStore.h"
 #include "editor/ReferencePainter.h"
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 #include "profiles/core/KeywordListFile.h"
 #include "support/TempDir.h"
 

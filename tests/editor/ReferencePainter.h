@@ -2,7 +2,7 @@
 // A plain painter for cross-checking: each keyword and each pair searched on its own with a
 // naive find, positions 1-based as the rules are written, colours kept per byte. Slow and
 // obviously literal on purpose.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 #include "editor/core/Painter.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 // The association dialog writing into a temporary XDG_DATA_HOME and XDG_CONFIG_HOME, read
 // back from the files. PATH holds no desktop tools, so every file is this program's writing.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "filetools/cRegistry.h"
 #include "filetools/frmAssociateFiles.h"
 #include "profiles/core/SyntaxAssociations.h"

@@ -1,6 +1,6 @@
 #include "filetools/core/FileInfoMod.h"
 #include "filetools/core/FolderListing.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 #include "support/TempDir.h"
 

@@ -1,8 +1,8 @@
 #include "printing/core/PageGeometry.h"
 #include "printing/core/PageSetupValues.h"
 
-#include "app/core/EditorSettings.h"
-#include "app/core/SettingsStore.h"
+#include "base/EditorSettings.h"
+#include "base/SettingsStore.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "app/HelpSystem.h"
+#include "components/HelpSystem.h"
 #include "profiles/ProfileSaving.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/frmConfigAssocProfile.h"

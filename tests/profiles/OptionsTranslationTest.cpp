@@ -1,6 +1,6 @@
 #include "profiles/core/OptionsTranslation.h"
 
-#include "app/core/SettingsStore.h"
+#include "base/SettingsStore.h"
 #include "support/KeywordLists.h"
 #include "support/TempDir.h"
 

@@ -1,5 +1,5 @@
 #include "profiles/core/SyntaxAssociations.h"
-#include "app/core/SettingsStore.h"
+#include "base/SettingsStore.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 // A fresh program for each test: its own settings folder and program folder, a main window
 // through its load step, and scripted dialogs.
-#include "app/AppGlobals.h"
+#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"

@@ -1,6 +1,6 @@
 #pragma once
 // Keyword lists as the settings hold them: each entry followed by the separator.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <initializer_list>
 #include <string>

@@ -6,7 +6,7 @@ ScriptedDialogs::ScriptedDialogs() { cDialogs::Install(this); }
 ScriptedDialogs::~ScriptedDialogs() { cDialogs::Install(nullptr); }
 
 ScriptedDialogs& ScriptedDialogs::AnswerMsgBox(MsgResult r) {
-    answers_.push_back({"MsgBox", r});
+    answers_.push_back(Answer("MsgBox", r));
     return *this;
 }
 ScriptedDialogs& ScriptedDialogs::AnswerFile(std::optional<QString> path) {

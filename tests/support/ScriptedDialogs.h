@@ -10,6 +10,10 @@
 class ScriptedDialogs : public cDialogs {
   public:
     struct Question {
+        Question(QString k, QString t = {}, QString c = {}, MsgButtons b = MsgButtons::OK,
+                 FileDialogOptions f = {})
+            : kind(std::move(k)), text(std::move(t)), caption(std::move(c)), buttons(b),
+              file(std::move(f)) {}
         QString kind; // "MsgBox", "File", "Font", "Color", "Print", "Input"
         QString text; // message text, dialog title or prompt
         QString caption;
@@ -42,6 +46,7 @@ class ScriptedDialogs : public cDialogs {
 
   private:
     struct Answer {
+        explicit Answer(QString k, MsgResult m = MsgResult::Cancel) : kind(std::move(k)), msg(m) {}
         QString kind;
         MsgResult msg = MsgResult::Cancel;
         std::optional<QString> path;

@@ -2,13 +2,13 @@
 // a page. Exit 0 when done, 2 for a bad option or a file that cannot be read.
 #include "editor/core/PaintCommand.h"
 #include "editor/core/Painter.h"
-#include "editor/core/TextCodec.h"
-#include "app/core/DataFolders.h"
-#include "app/core/SettingsStore.h"
+#include "base/TextCodec.h"
+#include "base/DataFolders.h"
+#include "base/SettingsStore.h"
 #include "profiles/core/KeywordListFile.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 #include <unistd.h>
 

@@ -1,6 +1,6 @@
 #include "editor/core/PaintCommand.h"
 
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 
 #include <charconv>
 #include <cstdio>

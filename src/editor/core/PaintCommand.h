@@ -1,6 +1,6 @@
 #pragma once
 // The command-line painter: its options, the settings a run paints with, and its outputs.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 #include "editor/core/SlotBuffer.h"
 
 #include <array>

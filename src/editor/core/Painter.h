@@ -4,7 +4,7 @@
 // byte view (line ends CR LF, positions 0-based byte offsets) and colours go out to a
 // PaintTarget; the window does the widget side (selection, Changed, hiding, redraw) around
 // these calls.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 #include "editor/core/SlotBuffer.h"
 
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "editor/core/RtfCodec.h"
 
-#include "editor/core/TextCodec.h"
+#include "base/TextCodec.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "printing/core/PageSetupValues.h"
 
-#include "app/core/EditorSettings.h"
-#include "app/core/SettingsStore.h"
+#include "base/EditorSettings.h"
+#include "base/SettingsStore.h"
 
 #include <cmath>
 #include <cstdlib>

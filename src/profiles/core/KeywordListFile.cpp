@@ -1,7 +1,7 @@
 #include "profiles/core/KeywordListFile.h"
 
-#include "app/core/EditorSettings.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/EditorSettings.h"
+#include "base/MiscSubs.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "profiles/core/OptionsTranslation.h"
 
-#include "app/core/SettingsStore.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/SettingsStore.h"
+#include "base/MiscSubs.h"
 
 #include <algorithm>
 #include <limits>

@@ -2,7 +2,7 @@
 // The transfer between the editor options dialog and the settings record, and the writer of
 // the record into the settings store. The dialog's controls are mirrored by a plain value
 // so that the rules live here, free of any window.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <array>
 #include <string>

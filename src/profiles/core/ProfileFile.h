@@ -4,7 +4,7 @@
 // 16-bit length followed by that many 8-bit characters; a Boolean is 16 bits, true being -1.
 // The layout is spelled out byte by byte, never taken from the host's struct layout, so a
 // file written by one build is read by any other.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <array>
 #include <cstddef>

@@ -18,7 +18,7 @@
 // line is a class ("comment", "delimiter1" or "delimiter2"), the opener and the closer,
 // separated by blanks; in opener and closer "\n" stands for CR LF, "\s" for a blank, "\t" for
 // a tab and "\\" for a backslash.
-#include "app/core/EditorSettings.h"
+#include "base/EditorSettings.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "profiles/core/SyntaxAssociations.h"
 
-#include "app/core/SettingsStore.h"
+#include "base/SettingsStore.h"
 
 #include <algorithm>
 #include <array>

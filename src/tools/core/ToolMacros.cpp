@@ -1,7 +1,7 @@
 #include "tools/core/ToolMacros.h"
 
-#include "app/core/PathHelpers.h"
-#include "transforms/core/MiscSubs.h"
+#include "base/PathHelpers.h"
+#include "base/MiscSubs.h"
 
 #include <sys/stat.h>
 

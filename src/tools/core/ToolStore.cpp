@@ -1,6 +1,6 @@
 #include "tools/core/ToolStore.h"
 
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 namespace {
 constexpr std::string_view kSettings = "Settings";

@@ -3,7 +3,7 @@
 // A tool is two entries tied by its name: its command line in "Compilers and Viewers" and its
 // working directory in "Compilers and Viewers Paths". Store failures propagate as
 // SettingsStoreError; the dialogs that call these ignore them.
-#include "app/core/SettingsStore.h"
+#include "base/SettingsStore.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "transforms/core/HtmlFormat.h"
 
-#include "transforms/core/MiscSubs.h"
+#include "base/MiscSubs.h"
 
 #include <algorithm>
 #include <array>

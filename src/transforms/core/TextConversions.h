@@ -1,5 +1,7 @@
 #pragma once
 // Whole-text conversions and the one-line commands of the Edit menu.
+#include "base/TextLines.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,13 +23,6 @@ std::string ToDosLineEnds(std::string_view text);
 // Every CR is removed.
 std::string ToUnixLineEnds(std::string_view text);
 
-struct TextRange {
-    int64_t start = 0;
-    int64_t length = 0;
-};
-// The line that holds pos, without its line end, as the edit control counts lines: CR LF,
-// a lone CR and a lone LF each end a line, and a text ending in one has an empty last line.
-TextRange LineAround(std::string_view text, int64_t pos);
 // What Delete Line removes: the line of pos with its line end, or, on the last line, its
 // text alone.
 TextRange DeleteLineRange(std::string_view text, int64_t pos);

@@ -1,0 +1,67 @@
+#include "editor/RichEdit.h"
+
+#include "base/TextCodec.h"
+#include "editor/SafeSave.h"
+
+#include <QFile>
+
+void RichEdit::ResetEncoding(bool utf8) { setUtf8(utf8); }
+
+bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        if (error) *error = f.errorString();
+        return false;
+    }
+    // Read in chunks straight into the control, so that a large file is held only once
+    // beside the control's own buffer.
+    constexpr qint64 kChunk = 4 << 20;
+    CrLfNormalizer norm;
+    Utf8Validator utf8;
+    std::string raw, converted;
+    raw.resize(size_t(std::min<qint64>(kChunk, std::max<qint64>(f.size(), 1))));
+    Sci(SCI_SETUNDOCOLLECTION, 0);
+    // Each modification event costs the control a pass over the text before the insertion,
+    // which for chunks appended at the end grows with the file: the events are off during
+    // the load, and its one change is reported at the end.
+    long eventMask = Sci(SCI_GETMODEVENTMASK);
+    Sci(SCI_SETMODEVENTMASK, 0);
+    bool hadText = TextLength() > 0;
+    DropDeferredStyles(); // the events that would drop it are off
+    Sci(SCI_CLEARALL);
+    if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
+    bool ok = true;
+    for (;;) {
+        qint64 n = f.read(raw.data(), qint64(raw.size()));
+        if (n < 0) {
+            ok = false;
+            break;
+        }
+        if (n == 0) break;
+        std::string_view piece(raw.data(), size_t(n));
+        utf8.Feed(piece);
+        converted.clear();
+        norm.Feed(piece, converted);
+        SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
+    }
+    converted.clear();
+    norm.Finish(converted);
+    SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
+    setUtf8(utf8.Finish());
+    Sci(SCI_SETMODEVENTMASK, eventMask);
+    if (hadText || TextLength() > 0) emit textChanged();
+    Sci(SCI_SETUNDOCOLLECTION, 1);
+    Sci(SCI_EMPTYUNDOBUFFER);
+    Sci(SCI_SETSEL, 0, 0);
+    if (!ok && error) *error = f.errorString();
+    (void)type;
+    return ok;
+}
+
+bool RichEdit::SaveFile(const QString& path, int type, QString* error) {
+    // Type 0 is the document as rich text, any other type its plain text. Either way a failed
+    // write leaves the old file whole.
+    std::string rtf;
+    if (type == 0) rtf = TextRTF();
+    return SaveBytesSafely(path, type == 0 ? std::string_view(rtf) : TextView(), error);
+}

@@ -1,0 +1,49 @@
+#include "base/EditorSettings.h"
+#include "base/SettingsStore.h"
+#include "support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+TEST(EditorSettings, AnEmptyStoreGivesTheDefaults) {
+    TempDir dir;
+    SettingsStore store(dir.path());
+    EditorSettings s; // all zero
+    LoadEditorSettings(store, "Kestrum", s);
+    EXPECT_EQ(s, EditorSettings::Defaults());
+    // The defaults a first start shows, spot-checked where a slip would go unnoticed.
+    EXPECT_EQ(s.KeywordColor[0], 128 << 16);
+    EXPECT_EQ(s.Delimiters[7].DelimiterColor, -2147483640);
+    EXPECT_EQ(s.BGColor, -2147483643);
+    EXPECT_EQ(s.EditorFont, "Courier New");
+    EXPECT_TRUE(s.AutoCode && s.CodeOrder && s.AutoComplete && s.AutoBracers);
+    EXPECT_FALSE(s.WordWrap || s.Backup || s.RealTabs || s.CaseSensitive);
+    PrintMargins m{0, 0, 0, 0};
+    LoadPrintMargins(store, "Kestrum", m);
+    EXPECT_FLOAT_EQ(m.Top, 1.5f);
+    EXPECT_FLOAT_EQ(m.Right, 1.5f);
+}
+
+TEST(EditorSettings, StoredValuesAreReadAndBadOnesKeepTheField) {
+    TempDir dir;
+    SettingsStore store(dir.path());
+    store.SaveSetting("Kestrum", "Settings", "WordWrap", "True"); // writer's spelling
+    store.SaveSetting("Kestrum", "Settings", "Keywords1", "char\xFFint\xFF");
+    store.SaveSetting("Kestrum", "Settings", "DelimiterEnd3", "\r\n");
+    store.SaveSetting("Kestrum", "Settings", "DelimiterColor3", "2");
+    store.SaveSetting("Kestrum", "Settings", "TabWidth", "99999"); // does not fit 16 bits
+    store.SaveSetting("Kestrum", "Settings", "EditorSize", "twelve");
+    store.SaveSetting("Kestrum", "Settings", "Case Sensitive", "-1");
+    store.SaveSetting("Kestrum", "Settings", "TextColor", "255");
+    EditorSettings s = EditorSettings::Defaults();
+    s.TabWidth = 7;
+    s.EditorSize = 13;
+    LoadEditorSettings(store, "Kestrum", s);
+    EXPECT_TRUE(s.WordWrap);
+    EXPECT_EQ(s.Keywords[1], "char\xFFint\xFF");
+    EXPECT_EQ(s.Delimiters[3].DelimiterEnd, "\r\n");
+    EXPECT_EQ(s.Delimiters[3].DelimiterColor, 2);
+    EXPECT_EQ(s.TabWidth, 7);
+    EXPECT_FLOAT_EQ(s.EditorSize, 13);
+    EXPECT_TRUE(s.CaseSensitive);
+    EXPECT_EQ(s.TextColor, RGB(255, 0, 0));
+}

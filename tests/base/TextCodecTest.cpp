@@ -1,0 +1,56 @@
+#include "base/TextCodec.h"
+
+#include <gtest/gtest.h>
+
+TEST(TextCodec, LineEndsBecomeCrLf) {
+    struct Case { std::string in, out; };
+    for (auto& c : std::vector<Case>{{"a\nb", "a\r\nb"},
+                                     {"a\rb", "a\r\nb"},
+                                     {"a\r\nb", "a\r\nb"},
+                                     {"\n\n", "\r\n\r\n"},
+                                     {"\r\r\n\n", "\r\n\r\n\r\n"},
+                                     {"end\r", "end\r\n"},
+                                     {"", ""},
+                                     {std::string("nul\0\n", 5), std::string("nul\0\r\n", 6)}}) {
+        EXPECT_EQ(ToCrLf(c.in), c.out);
+        EXPECT_EQ(IsAllCrLf(c.in), c.in == c.out);
+    }
+    EXPECT_EQ(StripCr("a\r\nb\r"), "a\nb");
+}
+
+TEST(TextCodec, Utf8Validity) {
+    struct Case { std::string bytes; bool valid; };
+    for (auto& c : std::vector<Case>{{"plain ascii text, long enough to pass the fast path", true},
+                                     {"gr\xC3\xBC\xC3\x9F", true},
+                                     {"\xE2\x82\xAC", true},
+                                     {"\xF0\x9F\x98\x80", true},
+                                     {"caf\xE9", false},            // Latin-1
+                                     {"\xC0\xAF", false},           // overlong
+                                     {"\xED\xA0\x80", false},       // surrogate
+                                     {"\xF4\x90\x80\x80", false},   // above U+10FFFF
+                                     {"abcdefgh\xE2\x82", false},   // truncated at the end
+                                     {"\x80", false}})
+        EXPECT_EQ(IsValidUtf8(c.bytes), c.valid) << c.bytes;
+}
+
+// The chunked readers must agree with the whole-buffer functions wherever the chunks split.
+TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
+    const std::vector<std::string> texts = {
+        "a\r\nb\rc\nd\r", "\r\r\n\n\r", "gr\xC3\xBC\xC3\x9F\r\n\xE2\x82\xAC\xF0\x9F\x98\x80",
+        "caf\xE9\n", "ok\xE2\x82", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80"};
+    for (const auto& t : texts) {
+        for (size_t chunk = 1; chunk <= t.size(); ++chunk) {
+            CrLfNormalizer norm;
+            Utf8Validator utf;
+            std::string out;
+            for (size_t p = 0; p < t.size(); p += chunk) {
+                std::string_view piece = std::string_view(t).substr(p, chunk);
+                norm.Feed(piece, out);
+                utf.Feed(piece);
+            }
+            norm.Finish(out);
+            EXPECT_EQ(out, ToCrLf(t)) << "chunk " << chunk;
+            EXPECT_EQ(utf.Finish(), IsValidUtf8(t)) << "chunk " << chunk << " of " << t;
+        }
+    }
+}
