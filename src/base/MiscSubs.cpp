@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <unistd.h>
+#include <sys/stat.h>
+#include <fcntl.h>
 
 std::string NextToken(std::string_view separator, std::string& work) {
     if (separator.empty()) return {};
@@ -48,21 +51,43 @@ std::string_view Trim(std::string_view s) {
 }
 
 bool ReadWholeFile(const std::string& path, std::string& bytes, std::string& error) {
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) {
+    // Opened without waiting: a pipe would otherwise block the open until a writer comes.
+    int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0) {
         error = std::strerror(errno);
         return false;
     }
-    bytes.clear();
-    char chunk[1 << 16];
-    for (size_t got; (got = std::fread(chunk, 1, sizeof chunk, f)) > 0;) bytes.append(chunk, got);
-    const bool failed = std::ferror(f);
-    const int code = errno;
-    std::fclose(f);
-    if (failed) { // a folder, or a read error
-        error = std::strerror(code);
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        // A folder, a device or a pipe has no whole contents to read.
+        error = S_ISDIR(st.st_mode) ? std::strerror(EISDIR) : "not a regular file";
+        ::close(fd);
         return false;
     }
+    // One buffer of the file's size, filled by as few reads as the system allows; a file
+    // that grew meanwhile is read on to its end.
+    bytes.resize(size_t(st.st_size));
+    size_t got = 0;
+    char chunk[1 << 16];
+    for (;;) {
+        char* to = got < bytes.size() ? bytes.data() + got : chunk;
+        size_t room = got < bytes.size() ? bytes.size() - got : sizeof chunk;
+        ssize_t n = ::read(fd, to, room);
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) {
+            error = std::strerror(errno);
+            ::close(fd);
+            return false;
+        }
+        if (n == 0) break;
+        if (to == chunk) {
+            bytes.resize(got);
+            bytes.append(chunk, size_t(n));
+        }
+        got += size_t(n);
+    }
+    ::close(fd);
+    bytes.resize(got);
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "base/TextCodec.h"
 
+#include <algorithm>
+
 #include <cstdint>
 #include <cstring>
 
@@ -18,18 +20,26 @@ bool IsAllCrLf(std::string_view b) {
 
 std::string ToCrLf(std::string_view b) {
     if (IsAllCrLf(b)) return std::string(b);
+    const char* s = b.data();
+    const char* end = s + b.size();
+    auto next = [end](const char* from, char c) {
+        const void* hit = std::memchr(from, c, size_t(end - from));
+        return hit ? static_cast<const char*>(hit) : end;
+    };
+    // Each line end grows by at most one byte; one buffer of the final size, filled by
+    // copying whole lines between the line ends that memchr finds.
     std::string out;
-    out.reserve(b.size() + b.size() / 16 + 16);
-    for (size_t i = 0; i < b.size(); ++i) {
-        char c = b[i];
-        if (c == '\r') {
-            out += "\r\n";
-            if (i + 1 < b.size() && b[i + 1] == '\n') ++i;
-        } else if (c == '\n') {
-            out += "\r\n";
-        } else {
-            out += c;
-        }
+    out.reserve(b.size() + size_t(std::count(s, end, '\n') + std::count(s, end, '\r')));
+    const char* cr = next(s, '\r');
+    const char* lf = next(s, '\n');
+    for (const char* p = s; p < end;) {
+        const char* q = std::min(cr, lf);
+        out.append(p, size_t(q - p));
+        if (q == end) break;
+        out += "\r\n";
+        p = (*q == '\r' && q + 1 < end && q[1] == '\n') ? q + 2 : q + 1;
+        if (cr < p) cr = next(p, '\r');
+        if (lf < p) lf = next(p, '\n');
     }
     return out;
 }

@@ -1,4 +1,7 @@
 #include "base/MiscSubs.h"
+#include "support/TempDir.h"
+
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -24,4 +27,25 @@ TEST(MiscSubs, ReplaceTextNeverRescansInsertedText) {
     EXPECT_EQ(RemoveChar("a\rb\r", '\r'), "ab");
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(Trim("\ta\t"), "\ta\t");
+}
+
+// The whole-file reader takes a regular file in one piece and refuses what has no end.
+TEST(MiscSubs, ReadWholeFileTakesRegularFilesOnly) {
+    TempDir tmp;
+    std::string bytes, error;
+    std::string big(300000, 'x');
+    big[123456] = '\0';
+    ASSERT_TRUE(ReadWholeFile(tmp.write("big", big), bytes, error));
+    EXPECT_EQ(bytes, big);
+    ASSERT_TRUE(ReadWholeFile(tmp.write("empty", ""), bytes, error));
+    EXPECT_EQ(bytes, "");
+    std::string fifo = tmp.file("fifo");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    for (const std::string& refused : {fifo, std::string("/dev/zero"), tmp.path()}) {
+        error.clear();
+        EXPECT_FALSE(ReadWholeFile(refused, bytes, error)) << refused;
+        EXPECT_FALSE(error.empty()) << refused;
+    }
+    EXPECT_FALSE(ReadWholeFile(tmp.file("missing"), bytes, error));
+    EXPECT_EQ(error, "No such file or directory");
 }
