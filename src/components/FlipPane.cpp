@@ -252,12 +252,20 @@ bool FlipPane::eventFilter(QObject* o, QEvent* e) {
             return true;
         }
     } else if (o == picDragger) {
-        auto* m = static_cast<QMouseEvent*>(e);
+        // Only mouse events are taken as such; the bar also gets tool tips, paints and more.
+        auto mouse = [e] { return static_cast<QMouseEvent*>(e); };
         switch (e->type()) {
-        case QEvent::MouseButtonPress: picDragger_MouseDown(m->button(), m->globalPosition().toPoint()); return true;
-        case QEvent::MouseMove: picDragger_MouseMove(m->buttons(), m->globalPosition().toPoint()); return true;
-        case QEvent::MouseButtonRelease: picDragger_MouseUp(m->globalPosition().toPoint()); return true;
-        default: break;
+        case QEvent::MouseButtonPress:
+            picDragger_MouseDown(mouse()->button(), mouse()->globalPosition().toPoint());
+            return true;
+        case QEvent::MouseMove:
+            picDragger_MouseMove(mouse()->buttons(), mouse()->globalPosition().toPoint());
+            return true;
+        case QEvent::MouseButtonRelease:
+            picDragger_MouseUp(mouse()->globalPosition().toPoint());
+            return true;
+        default:
+            break;
         }
     }
     return QWidget::eventFilter(o, e);
