@@ -182,6 +182,17 @@ class frmMain : public QMainWindow, public DocumentHost {
     FileView* lstFiles = nullptr;
     QMenu* mnuBrowser = nullptr;
 
+    // --- Search commands (frmMainSearch.cpp) ---
+    void mnuSearchFind_Click();
+    void mnuSearchFindNext_Click();
+    void mnuSearchReplace_Click();
+    void mnuSearchFindEx_Click();
+    void mnuSearchFindInFiles_Click();
+    void mnuSearchReplaceEx_Click();
+    void mnuSearchFindPattern_Click();
+    void mnuSearchGotoLine_Click();
+    void mnuSearchGotoChar_Click();
+
     // --- Shared by the commands ---
     void CycleRecentFiles(const QString& name);
     void RefreshRecentFiles();

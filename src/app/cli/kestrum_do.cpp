@@ -1,5 +1,6 @@
 // kestrum-do: the editor's own commands on a file, without a window.
 #include "app/cli/DoFrame.h"
+#include "search/SearchDoCommands.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -10,6 +11,7 @@ namespace {
 // Every subsystem's subcommands.
 std::vector<DoCommand> AllCommands() {
     std::vector<DoCommand> all;
+    for (DoCommand& c : SearchDoCommands()) all.push_back(std::move(c));
     return all;
 }
 

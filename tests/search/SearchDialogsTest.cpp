@@ -1,0 +1,307 @@
+#include "support/AppFixture.h"
+
+#include "search/DocumentSearch.h"
+#include "search/SearchState.h"
+#include "search/frmFind.h"
+#include "search/frmFindEx.h"
+#include "search/frmFindInFiles.h"
+#include "search/frmFindPattern.h"
+#include "search/frmReplace.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+struct SearchDialogsTest : AppFixture {
+    void SetUp() override {
+        AppFixture::SetUp();
+        SearchPosition() = 0;
+        LastSearchText().clear();
+    }
+    void TearDown() override {
+        SetSearchDialogRunnerForTesting(nullptr);
+        AppFixture::TearDown();
+    }
+    frmDocument* Doc(const char* text) {
+        if (!main) Start();
+        frmDocument* doc = main->ActiveForm();
+        doc->rtfText->SetText(text);
+        doc->Changed = false;
+        return doc;
+    }
+    static QString Sel(frmDocument* doc) {
+        return QStringLiteral("%1 %2").arg(doc->rtfText->SelStart()).arg(doc->rtfText->SelLength());
+    }
+    // The messages asked since the last call, their texts joined by '|'.
+    QString Messages() {
+        QStringList texts;
+        for (size_t i = seen_; i < dialogs.asked.size(); ++i) texts << dialogs.asked[i].text;
+        seen_ = dialogs.asked.size();
+        return texts.join('|');
+    }
+    size_t seen_ = 0;
+};
+
+const QString kNotFound = "Search Text not found.";
+
+// One press of a find dialog's button and what follows it.
+struct Press {
+    char button; // 'F' cmdFind, 'N' cmdFindNext
+    const char* selection;
+    QString message;
+};
+
+TEST_F(SearchDialogsTest, FindStopsOnOverlappingMatchesAndStartsOverAfterOneFailure) {
+    frmDocument* doc = Doc("aaaa");
+    frmFind& f = frmFind::Instance();
+    f.cboFind->setEditText("aa");
+    const Press presses[] = {{'F', "0 2", ""},       {'N', "1 2", ""}, {'N', "2 2", ""},
+                             {'N', "2 2", kNotFound}, {'N', "0 2", ""}, {'F', "0 2", ""}};
+    for (const Press& p : presses) {
+        if (!p.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
+        (p.button == 'F' ? f.cmdFind : f.cmdFindNext)->click();
+        EXPECT_EQ(Sel(doc), p.selection) << p.button;
+        EXPECT_EQ(Messages(), p.message) << p.button;
+    }
+    EXPECT_EQ(f.cboFind->count(), 2) << "every cmdFind adds its text, duplicates too";
+    EXPECT_EQ(LastSearchText(), "aa");
+    f.cboFind->setEditText("");
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    f.cmdFind->click();
+    EXPECT_EQ(Messages(), kNotFound) << "an empty text finds nothing";
+    f.cmdClose->click();
+    EXPECT_TRUE(f.isHidden());
+}
+
+TEST_F(SearchDialogsTest, MenuFindNextIsWholeWordAndCaseInsensitive) {
+    frmDocument* doc = Doc("Abc xAbcx ABC abc");
+    frmFind& f = frmFind::Instance();
+    f.cboFind->setEditText("Abc");
+    f.chkCaseSensitive->setChecked(true);
+    f.cmdFind->click();
+    EXPECT_EQ(Sel(doc), "0 3");
+    const struct {
+        const char* selection;
+        QString message;
+    } runs[] = {{"10 3", ""}, {"14 3", ""}, {"14 3", "No more occurrences after cursor."}};
+    for (const auto& r : runs) {
+        if (!r.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
+        main->mnuSearchFindNext_Click();
+        EXPECT_EQ(Sel(doc), r.selection);
+        EXPECT_EQ(Messages(), r.message);
+    }
+    f.chkCaseSensitive->setChecked(false);
+}
+
+TEST_F(SearchDialogsTest, ExtendedFindSpansLinesAndKeepsFailing) {
+    frmDocument* doc = Doc("foo\nbar foo\nBAR");
+    frmFindEx f;
+    f.txtFind->setPlainText("Foo\nBar");
+    const Press presses[] = {{'F', "0 8", ""},
+                             {'N', "9 8", ""},
+                             {'N', "9 8", kNotFound},
+                             {'N', "9 8", kNotFound},
+                             {'F', "0 8", ""}};
+    for (const Press& p : presses) {
+        if (!p.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
+        (p.button == 'F' ? f.cmdFind : f.cmdFindNext)->click();
+        EXPECT_EQ(Sel(doc), p.selection) << p.button;
+        EXPECT_EQ(Messages(), p.message) << p.button;
+    }
+    f.chkCaseSensitive->setChecked(true);
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    f.cmdFind->click();
+    EXPECT_EQ(Messages(), kNotFound);
+    EXPECT_EQ(Sel(doc), "0 0") << "cmdFind collapsed the selection before it failed";
+    EXPECT_EQ(LastSearchText(), "") << "only frmFind writes it";
+}
+
+TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterOfEachMatch) {
+    frmDocument* doc = Doc("xa1b a2b");
+    frmFindPattern& f = frmFindPattern::Instance();
+    const QString invalidFind = "Invalid search expression. The first character of the search "
+                                "expression must be a letter in the range of A-Z or a-z, or any "
+                                "digit.";
+    const QString invalidNext = "Invalid search expression. The first character of the search "
+                                "expression must be a letter in the range of A-Z or a-z, or in a "
+                                "digit.";
+    const struct {
+        const char* expression;
+        char button;
+        const char* selection;
+        QString message;
+    } steps[] = {
+        {"a#b", 'F', "1 1", ""},
+        {"a#b", 'N', "5 1", ""},
+        {"a#b", 'N', "5 1", kNotFound},
+        {"a#b", 'N', "5 1", kNotFound},
+        {"zz", 'F', "5 0", "No match for search expression found."},
+        {"*b", 'F', "5 0", invalidFind},
+        {"*b", 'N', "5 0", invalidNext},
+        {"a[1", 'F', "5 0", "No match for search expression found."},
+    };
+    for (const auto& s : steps) {
+        f.cboFind->setEditText(s.expression);
+        if (!s.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
+        (s.button == 'F' ? f.cmdFind : f.cmdFindNext)->click();
+        EXPECT_EQ(Sel(doc), s.selection) << s.expression << s.button;
+        if (!s.message.isEmpty()) {
+            EXPECT_EQ(dialogs.asked.back().caption.toStdString(),
+                      s.message.startsWith("Invalid") ? "Invalid Expression." : "Kestrum");
+        }
+        EXPECT_EQ(Messages(), s.message) << s.expression << s.button;
+    }
+}
+
+TEST_F(SearchDialogsTest, GotoLineAndCharacterReadTheAnswer) {
+    frmDocument* doc = Doc("one\ntwo\n");
+    const QString noLine = "That line does not exist in the current file.";
+    const QString noChar = "That character does not exist in the current file.";
+    const struct {
+        bool line;
+        QString answer;
+        const char* selection;
+        QString message;
+    } cases[] = {
+        {true, "1", "0 3", ""},     {true, "2abc", "5 3", ""}, {true, "3", "10 0", ""},
+        {true, "4", "10 0", noLine}, {true, "", "10 0", noLine}, {false, "10", "9 1", ""},
+        {false, "4", "3 1", ""},    {false, "11", "3 1", noChar}, {false, "x", "3 1", noChar},
+    };
+    for (const auto& c : cases) {
+        dialogs.AnswerInput(c.answer);
+        if (!c.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
+        if (c.line)
+            main->mnuSearchGotoLine_Click();
+        else
+            main->mnuSearchGotoChar_Click();
+        EXPECT_EQ(Sel(doc), c.selection) << c.answer.toStdString();
+        EXPECT_EQ(dialogs.asked[seen_].text.startsWith(c.line ? "Enter the number of the line"
+                                                              : "Enter the index"),
+                  true);
+        seen_++;
+        EXPECT_EQ(Messages(), c.message) << c.answer.toStdString();
+    }
+    EXPECT_TRUE(dialogs.asked[0].text.contains("There are currently 3 lines displayed."));
+}
+
+TEST_F(SearchDialogsTest, ReplacePromptsAndCancelKeepsTheDialogLoaded) {
+    frmDocument* doc = Doc("xa a");
+    frmReplace* f = &frmReplace::Instance();
+    f->txtFindLine->setText("a");
+    f->txtReplaceLine->setText("aa");
+    // The active document alone: a Yes searches again from the inserted text.
+    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerMsgBox(MsgResult::No).AnswerMsgBox(MsgResult::Yes)
+        .AnswerMsgBox(MsgResult::Cancel);
+    f->cmdReplace->click();
+    EXPECT_EQ(doc->rtfText->Text(), "xaaa a");
+    EXPECT_TRUE(frmReplace::Loaded()) << "a Cancel keeps the texts for the next time";
+    EXPECT_EQ(f->txtFindLine->text(), "a");
+    EXPECT_EQ(dialogs.asked.back().caption, "Ocurrence Found");
+    doc->rtfText->Undo();
+    EXPECT_EQ(doc->rtfText->Text(), "xa a") << "one undo step";
+
+    // All open documents: a Yes moves on behind the inserted text; a normal end unloads.
+    f->chkAll->setChecked(true);
+    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerMsgBox(MsgResult::Yes);
+    f->cmdReplace->click();
+    EXPECT_EQ(doc->rtfText->Text(), "xaa aa");
+    QApplication::processEvents();
+    EXPECT_FALSE(frmReplace::Loaded());
+    Messages();
+}
+
+TEST_F(SearchDialogsTest, ReplaceAllCountsNothingAndChangesNothingWhenAbsent) {
+    const struct {
+        const char *text, *find, *replacement;
+        bool caseSensitive, selection;
+        const char* expected;
+        bool changed;
+    } cases[] = {
+        {"ABC abc", "abc", "x", false, false, "x x", true},
+        {"ABC abc", "abc", "x", true, false, "ABC x", true},
+        {"aaa", "a", "ab", false, false, "ababab", true},
+        {"xyz", "q", "r", false, false, "xyz", false},
+        {"xyz", "", "r", false, false, "xyz", false},
+        {"a.a.a", "a", "b", false, true, "a.b.a", true}, // selection 1..4
+    };
+    for (const auto& c : cases) {
+        frmDocument* doc = Doc(c.text);
+        if (c.selection) {
+            doc->rtfText->SetSelStart(1);
+            doc->rtfText->SetSelLength(3);
+        }
+        frmReplace& f = frmReplace::Instance();
+        f.txtFindLine->setText(c.find);
+        f.txtReplaceLine->setText(c.replacement);
+        f.chkCaseSensitive->setChecked(c.caseSensitive);
+        f.optSelection->setChecked(c.selection);
+        dialogs.AnswerMsgBox(MsgResult::OK);
+        f.cmdReplaceAll->click();
+        QApplication::processEvents();
+        EXPECT_EQ(doc->rtfText->Text(), c.expected) << c.text << " " << c.find;
+        EXPECT_EQ(doc->Changed, c.changed) << c.text << " " << c.find;
+        EXPECT_EQ(Messages(), "All occurrences replaced.");
+        EXPECT_EQ(dialogs.asked.back().caption, "Replace Complete.");
+        EXPECT_FALSE(frmReplace::Loaded());
+    }
+}
+
+TEST_F(SearchDialogsTest, ExtendedReplaceTakesLineBreaksAndIsReachedFromTheMenu) {
+    frmDocument* doc = Doc("a\nb\na\nb\n");
+    SetSearchDialogRunnerForTesting([&](QDialog& d) {
+        auto* f = qobject_cast<frmReplaceEx*>(&d);
+        ASSERT_TRUE(f);
+        EXPECT_EQ(f->windowTitle(), "Extended Replace");
+        f->txtFindBox->setPlainText("a\nb");
+        f->txtReplaceBox->setPlainText("c");
+        f->cmdReplaceAll->click();
+    });
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuSearchReplaceEx_Click();
+    EXPECT_EQ(doc->rtfText->Text(), "c\r\nc\r\n");
+    doc->rtfText->Undo();
+    EXPECT_EQ(doc->rtfText->Text(), "a\r\nb\r\na\r\nb\r\n");
+    Messages();
+}
+
+TEST_F(SearchDialogsTest, FindInFilesListsRowsAndOpensTheMatch) {
+    Doc("");
+    std::filesystem::create_directories(tmp.file("tree/sub"));
+    tmp.write("tree/one.c", "int needle;\n");
+    tmp.write("tree/sub/two.h", "x\n  needle\n");
+    tmp.write("tree/sub/skip.txt", "needle\n");
+    frmFindInFiles f;
+    f.txtFind->setText("needle");
+    f.txtFolder->setText(Path("tree"));
+    f.txtFilter->setText("*.c;*.h");
+    f.cmdFind->click();
+    FindInFilesPane& pane = FindInFilesPane::Instance();
+    pane.Wait();
+    QApplication::processEvents();
+    ASSERT_EQ(pane.lstResults->count(), 2);
+    EXPECT_FALSE(pane.Running());
+    QStringList rows;
+    for (int i = 0; i < 2; ++i) rows << pane.lstResults->item(i)->text();
+    rows.sort();
+    EXPECT_EQ(rows, QStringList({Path("tree") + "/one.c:1: int needle;",
+                                 Path("tree") + "/sub/two.h:2:   needle"}));
+    for (int i = 0; i < 2; ++i) {
+        if (!pane.lstResults->item(i)->text().contains("two.h")) continue;
+        pane.OpenRow(i);
+        frmDocument* opened = main->ActiveForm();
+        EXPECT_TRUE(opened->Tag.endsWith("two.h"));
+        EXPECT_EQ(opened->rtfText->SelText(), "needle");
+    }
+    f.txtFolder->setText(Path("missing"));
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    f.cmdFind->click();
+    EXPECT_TRUE(Messages().contains("does not exist"));
+}
+
+} // namespace
