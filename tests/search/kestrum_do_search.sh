@@ -5,9 +5,9 @@ set -uo pipefail
 DO="$1"
 WORK="$(mktemp -d /tmp/kestrum-do-search-XXXXXX)"
 trap 'rm -rf "$WORK"' EXIT
-export XDG_CONFIG_HOME="$WORK/config" HOME="$WORK/home" QT_QPA_PLATFORM=offscreen
-export ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
-mkdir -p "$HOME"
+export XDG_CONFIG_HOME="$WORK/config" HOME="$WORK/home" XDG_RUNTIME_DIR="$WORK/run"
+export QT_QPA_PLATFORM=offscreen ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
+mkdir -p "$HOME" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 failures=0
 
 # check NAME INPUT EXPECTED_STDOUT EXPECTED_STDERR EXPECTED_STATUS ARGS...
