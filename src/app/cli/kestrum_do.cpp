@@ -1,6 +1,7 @@
 // kestrum-do: the editor's own commands on a file, without a window.
 #include "app/cli/DoFrame.h"
 #include "search/SearchDoCommands.h"
+#include "transforms/TransformDoCommands.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -12,6 +13,7 @@ namespace {
 std::vector<DoCommand> AllCommands() {
     std::vector<DoCommand> all;
     for (DoCommand& c : SearchDoCommands()) all.push_back(std::move(c));
+    for (DoCommand& c : TransformDoCommands()) all.push_back(std::move(c));
     return all;
 }
 
