@@ -13,7 +13,7 @@ check 0 '  x\r\n' '' '\tx\n' tabs-to-spaces --spaces 2 @
 check 0 '\tx\r\n' '' '\tx\n' tabs-to-spaces --spaces 2 --cancel @
 check 0 '\tx  y\r\n' '' '    x  y\n' spaces-to-tabs --tab-width 4 @
 check 0 'a\nb\n' 'message: All carriage returns stripped.' 'a\nb\n' dos-to-unix @
-check 0 'a\r\nb' 'message: All linefeeds replaced with carriage return + linefeed sequences.' 'a\nb' unix-to-dos @
+check 0 'a\r\r\nb' 'message: All linefeeds replaced with carriage return + linefeed sequences.' 'a\nb' unix-to-dos @
 check 0 'b\r\n' '' 'a\nb\n' delete-line @
 check 0 'a\r\nb\r\n' 'selection 3 1' 'a\nb\n' --select 4 0 select-line --report-selection @
 check 0 '<a> x</a>' "$W" '<a >\n\tx< /a>' html-compact @
