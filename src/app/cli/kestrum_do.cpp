@@ -17,11 +17,23 @@ std::vector<DoCommand> AllCommands() {
     return all;
 }
 
+QtMessageHandler g_qtHandler = nullptr;
+
+// Scripts read stderr line by line (a usage error is one line). Qt's note that it falls back
+// to a runtime folder of its own, written on every start where XDG_RUNTIME_DIR is unset, says
+// nothing about the run, so it is dropped; every other Qt message goes through.
+void FilterQtMessages(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtWarningMsg && text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
+        return;
+    g_qtHandler(type, context, text);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     // No display is needed: the documents are never shown.
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    g_qtHandler = qInstallMessageHandler(&FilterQtMessages);
     int qtArgc = 1;
     QApplication app(qtArgc, argv);
     std::vector<std::string> args(argv + 1, argv + argc);
