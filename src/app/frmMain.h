@@ -213,6 +213,10 @@ class frmMain : public QMainWindow, public DocumentHost {
     void mnuHelpAbout_Click();
     // The start-up tip: the tip window, modal, while Options/"Show Tips at Startup" is not 0.
     void ShowStartupTip();
+    // --- Print commands (frmMainPrinting.cpp) ---
+    void mnuFilePrint_Click();
+    void mnuFilePrinterSetup_Click();
+    void mnuFilePageSetup_Click();
 
     // --- Requests from other processes and the window's focus (InterProcess.cpp) ---
     // The first step of loading: the watcher of the window's focus.

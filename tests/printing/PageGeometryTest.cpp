@@ -165,3 +165,19 @@ TEST(PageSetupValues, StoredAndReadBack) {
     SavePageSetup(store, "Kestrum", m, false);
     EXPECT_FALSE(LoadBlackAndWhite(store, "Kestrum"));
 }
+
+TEST(PageGeometry, LongestLine) {
+    struct Case {
+        std::string text;
+        int64_t longest;
+    };
+    for (const Case& c : std::vector<Case>{{"", 0},
+                                           {"abc", 3},
+                                           {"ab\r\nabcde\r\nx", 5},
+                                           {"a\nabcd\rab", 4},
+                                           {"\r\n\r\n", 0},
+                                           {"short\r\n" + std::string(200000, 'x'), 200000}}) {
+        SCOPED_TRACE(c.text.substr(0, 20));
+        EXPECT_EQ(LongestLine(c.text), c.longest);
+    }
+}

@@ -1,6 +1,6 @@
 #include "printing/core/PageGeometry.h"
 
-#include <cfenv>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -70,4 +70,17 @@ PageLoopResult RunPageLoop(int64_t textLength, PageSink& sink) {
         }
     }
     return result;
+}
+
+int64_t LongestLine(std::string_view text) {
+    int64_t longest = 0;
+    size_t start = 0;
+    while (start <= text.size()) {
+        size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string_view::npos) end = text.size();
+        longest = std::max<int64_t>(longest, int64_t(end - start));
+        if (end == text.size()) break;
+        start = end + 1;
+    }
+    return longest;
 }

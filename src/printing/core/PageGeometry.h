@@ -2,6 +2,7 @@
 // Where the text goes on a printed page, and the loop that hands the text to the edit
 // control's range formatter page by page. All lengths are in twips (1/1440 inch).
 #include <cstdint>
+#include <string_view>
 
 constexpr double kTwipsPerCm = 567;
 
@@ -66,3 +67,6 @@ struct PageLoopResult {
 // Renders pages until the text is used up. A text that ends exactly at a page's end gives
 // no extra page; an empty text gives one blank page.
 PageLoopResult RunPageLoop(int64_t textLength, PageSink& sink);
+
+// The length of the longest line of a text, line ends not counted.
+int64_t LongestLine(std::string_view text);
