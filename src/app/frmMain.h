@@ -218,6 +218,12 @@ class frmMain : public QMainWindow, public DocumentHost {
     void mnuFilePrinterSetup_Click();
     void mnuFilePageSetup_Click();
 
+    // --- Editor options and the profile editor (frmMainOptions.cpp) ---
+    void mnuPrefsEditorSetup_Click();
+    void mnuViewSetColors_Click();
+    void mnuAdvancedNewProfile_Click();
+    void mnuAdvancedEditProfile_Click();
+
     // --- Requests from other processes and the window's focus (InterProcess.cpp) ---
     // The first step of loading: the watcher of the window's focus.
     void AttachSubclass();

@@ -14,6 +14,12 @@ bool SaveProfileAs(const EditorSettings& record) {
         "the 'Default Profiles' list on the Options dialog.",
         "Export Settings as Profile", QString());
     if (name.isEmpty()) return false;
+    // The name is a file name in PROFILES/, never a way out of it.
+    if (name.contains('/') || name == "." || name == "..") {
+        cDialogs::Get().MsgBox("A profile name cannot contain \"/\" or be \".\" or \"..\".",
+                               MsgButtons::OK, MsgIcon::Exclamation, "Export Settings as Profile");
+        return false;
+    }
     // A shipped profile of that name counts as existing: the user's copy would shadow it.
     const bool shippedExists = QFileInfo(DataFileToRead("PROFILES/" + name)).size() > 0;
     QString path = DataFileToWrite("PROFILES/" + name);

@@ -1,0 +1,88 @@
+#include "components/ColorButton.h"
+
+#include "support/ScriptedDialogs.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <set>
+
+TEST(ColorButton, PaletteAndLayout) {
+    ColorButton b;
+    EXPECT_EQ(b.SelectedColor(), QColor(255, 255, 255));
+    std::set<QRgb> colours;
+    for (int i = 1; i <= ColorPopup::kCells; ++i) colours.insert(ColorPopup::CellColor(i).rgb());
+    EXPECT_EQ(colours.size(), 48u); // 48 different colours
+    struct Cell {
+        int index;
+        QColor colour;
+        QRect rect;
+    };
+    for (const Cell& c : std::vector<Cell>{{1, QColor(0, 0, 0), QRect(2, 2, 16, 16)},
+                                           {4, QColor(0, 0, 149), QRect(56, 2, 16, 16)},
+                                           {7, QColor(0, 66, 66), QRect(2, 20, 16, 16)},
+                                           {36, QColor(198, 198, 198), QRect(92, 92, 16, 16)},
+                                           {48, QColor(255, 255, 255), QRect(92, 128, 16, 16)}}) {
+        SCOPED_TRACE(c.index);
+        EXPECT_EQ(ColorPopup::CellColor(c.index), c.colour);
+        EXPECT_EQ(b.Popup()->CellRect(c.index), c.rect);
+        EXPECT_EQ(b.Popup()->CellAt(c.rect.center()), c.index);
+    }
+    EXPECT_EQ(b.Popup()->size(), QSize(112, 173));
+    EXPECT_GT(b.Popup()->CellRect(ColorPopup::kOther).top(), 144);
+    EXPECT_EQ(b.Popup()->CellAt(QPoint(18, 10)), 0); // the gap between two cells
+}
+
+TEST(ColorButton, ChoosingAColour) {
+    ScriptedDialogs dialogs;
+    struct Case {
+        const char* name;
+        std::function<void(ColorButton&)> act;
+        QColor after;
+        int clicks;
+    };
+    auto releaseAt = [](QPoint p) {
+        return [p](ColorButton& b) {
+            b.ShowPopup();
+            QTest::mouseMove(b.Popup(), p);
+            QTest::mouseRelease(b.Popup(), Qt::LeftButton, {}, p);
+        };
+    };
+    const QColor start(10, 20, 30);
+    const std::vector<Case> cases = {
+        {"mouse up over a cell", releaseAt(QRect(56, 2, 16, 16).center()), QColor(0, 0, 149), 1},
+        {"mouse up between cells", releaseAt(QPoint(18, 10)), start, 0},
+        {"mouse up outside the popup", releaseAt(QPoint(300, 300)), start, 0},
+        {"Other... with OK",
+         [&](ColorButton& b) {
+             dialogs.AnswerColor(QColor(1, 2, 3));
+             b.ShowPopup();
+             QTest::mousePress(b.Popup(), Qt::LeftButton, {}, b.Popup()->CellRect(49).center());
+         },
+         QColor(1, 2, 3), 1},
+        {"Other... cancelled",
+         [&](ColorButton& b) {
+             dialogs.AnswerColor(std::nullopt);
+             b.ChooseOther();
+         },
+         start, 0},
+        {"Escape",
+         [](ColorButton& b) {
+             b.ShowPopup();
+             QTest::keyClick(b.Popup(), Qt::Key_Escape);
+         },
+         start, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        ColorButton b;
+        b.show();
+        b.SetSelectedColor(start);
+        QSignalSpy clicks(&b, &ColorButton::Click);
+        c.act(b);
+        EXPECT_EQ(b.SelectedColor(), c.after);
+        EXPECT_EQ(clicks.count(), c.clicks);
+        EXPECT_FALSE(b.Popup()->isVisible());
+        EXPECT_EQ(dialogs.Pending(), 0u);
+    }
+}
