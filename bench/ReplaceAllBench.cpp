@@ -21,7 +21,8 @@ int main(int argc, char** argv) {
     std::string text = bench::GenerateCSource(10 << 20);
     std::string marked;
     marked.reserve(text.size() + 1'000'000);
-    size_t every = text.size() / 100'000, next = every, count = 0;
+    // A mark at the first blank after every 90 bytes: 100,000 marks fit well before the end.
+    size_t every = text.size() / 110'000, next = every, count = 0;
     for (size_t i = 0; i < text.size(); ++i) {
         marked += text[i];
         if (i >= next && text[i] == ' ' && count < 100'000) {
