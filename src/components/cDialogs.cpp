@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRegularExpression>
 
 namespace {
 cDialogs* installed = nullptr;
@@ -69,7 +70,13 @@ QStringList FilterToQt(const QString& filter) {
         patterns.replace(';', ' ');
         QString desc = parts[i];
         // Qt reads the patterns from the parentheses; add them when the description has none.
-        out << (desc.contains('(') ? desc : desc + " (" + patterns + ")");
+        QString entry = desc.contains('(') ? desc : desc + " (" + patterns + ")";
+        // "*.*" means every file, but Qt would show only names with a dot: profiles, Makefile
+        // and other names without an extension would be missing.
+        static const QRegularExpression allFiles(
+            QStringLiteral("(^|[\\s(])\\*\\.\\*(?=[\\s)]|$)"));
+        entry.replace(allFiles, QStringLiteral("\\1*"));
+        out << entry;
     }
     return out;
 }
