@@ -5,12 +5,14 @@
 #include <QFile>
 #include <QMap>
 #include <QRegularExpression>
+#include <QSet>
 #include <QString>
 #include <zlib.h>
 
 struct PdfContents {
     int pages = 0;
-    QString text; // every shown glyph, in stream order
+    QString text;        // every shown glyph, in stream order
+    QSet<QString> fills; // the fill colours set on the pages, "R G B" as written
 };
 
 inline QByteArray Inflate(const QByteArray& in) {
@@ -89,8 +91,11 @@ inline PdfContents ReadPdf(const QString& path) {
             }
     }
     QRegularExpression shown("<([0-9A-Fa-f]+)>");
+    const QRegularExpression fill("([0-9.]+ [0-9.]+ [0-9.]+) scn");
     for (const QByteArray& s : streams) {
         if (s.contains("begincmap") || !(s.contains(" Tj") || s.contains("TJ"))) continue;
+        for (auto it = fill.globalMatch(QString::fromLatin1(s)); it.hasNext();)
+            c.fills.insert(it.next().captured(1));
         for (auto it = shown.globalMatch(QString::fromLatin1(s)); it.hasNext();) {
             QString hex = it.next().captured(1);
             for (int i = 0; i + 4 <= hex.size(); i += 4)

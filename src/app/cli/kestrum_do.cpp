@@ -1,5 +1,6 @@
 // kestrum-do: the editor's own commands on a file, without a window.
 #include "app/cli/DoFrame.h"
+#include "printing/PrintDoCommands.h"
 #include "search/SearchDoCommands.h"
 #include "transforms/TransformDoCommands.h"
 
@@ -14,6 +15,7 @@ std::vector<DoCommand> AllCommands() {
     std::vector<DoCommand> all;
     for (DoCommand& c : SearchDoCommands()) all.push_back(std::move(c));
     for (DoCommand& c : TransformDoCommands()) all.push_back(std::move(c));
+    for (DoCommand& c : PrintDoCommands()) all.push_back(std::move(c));
     return all;
 }
 

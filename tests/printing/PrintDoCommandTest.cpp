@@ -1,0 +1,83 @@
+// kestrum-do print: FILE coloured as a window colours it on opening, printed into a PDF file;
+// a job that fails as message lines, bad options as usage errors.
+#include "app/cli/DoFrame.h"
+#include "base/qt/AppGlobals.h"
+#include "printing/PrintDoCommands.h"
+#include "printing/modPrintRTFText.h"
+
+#include "printing/PdfReader.h"
+#include "support/TempDir.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <sstream>
+
+TEST(PrintDoCommand, CommandLines) {
+    // The shipped profiles, as beside the real executable.
+    if (const char* build = std::getenv("KESTRUM_BUILD_DIR")) SetAppDirForTesting(build);
+    TempDir tmp;
+    const std::string source = "int main(void)\n{\n    return 0; /* done */\n}\n";
+    const std::string c = tmp.write("listing.c", source);
+    const std::string txt = tmp.write("listing.txt", source);
+    const std::string pdf = tmp.file("out.pdf");
+    const std::string cProfile = "C and C++ Default Profile";
+    enum Colour { Any, Coloured, Plain };
+    const struct {
+        const char* name;
+        std::vector<std::string> args;
+        int status;
+        bool written;    // a PDF holding the text
+        Colour colour;   // keywords and comments in colours of their own, or all in one
+        std::string err; // a part of stderr, "" for nothing at all
+    } cases[] = {
+        {"C source coloured by its extension", {"--pdf", pdf, c}, 0, true, Coloured, ""},
+        {"plain text", {"--pdf", pdf, txt}, 0, true, Plain, ""},
+        {"plain text with a named profile",
+         {"--pdf", pdf, "--profile", cProfile, txt},
+         0,
+         true,
+         Coloured,
+         ""},
+        {"unknown profile", {"--pdf", pdf, "--profile", "Nosuch", c}, 2, false, Any, "Nosuch"},
+        {"profile outside PROFILES/",
+         {"--pdf", pdf, "--profile", "../PROFILES/" + cProfile, c},
+         2,
+         false,
+         Any,
+         "PROFILES/"},
+        {"no --pdf", {c}, 2, false, Any, "--pdf"},
+        {"extra argument", {"--pdf", pdf, "x", c}, 2, false, Any, "extra argument"},
+        {"unwritable PDF path",
+         {"--pdf", tmp.file("missing/out.pdf"), c},
+         0,
+         false,
+         Any,
+         "message: An error occurred during the printing process. Ensure that the printer is "
+         "powered up and online.\n"},
+    };
+    const std::vector<DoCommand> table = PrintDoCommands();
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        std::remove(pdf.c_str());
+        ResetPrintingInProgressForTesting(); // each run stands for a process of its own
+        std::vector<std::string> args{"print"};
+        args.insert(args.end(), k.args.begin(), k.args.end());
+        std::ostringstream out, err;
+        EXPECT_EQ(RunKestrumDo(args, table, out, err), k.status) << err.str();
+        EXPECT_EQ(out.str(), "");
+        if (k.err.empty())
+            EXPECT_EQ(err.str(), "");
+        else
+            EXPECT_NE(err.str().find(k.err), std::string::npos) << err.str();
+        const PdfContents read = ReadPdf(QString::fromStdString(pdf));
+        EXPECT_EQ(read.pages > 0, k.written);
+        if (!k.written) continue;
+        EXPECT_TRUE(
+            QString(read.text).remove(QRegularExpression("\\s")).contains("return0;/*done*/"));
+        // Black text on white, and more colours only where the profile colours words.
+        if (k.colour != Any) {
+            EXPECT_EQ(read.fills.size() > 2, k.colour == Coloured);
+        }
+    }
+    ResetPrintingInProgressForTesting();
+}
