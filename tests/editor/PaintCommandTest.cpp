@@ -2,9 +2,11 @@
 // file (checked against the literal reference painter as well), and its error exits.
 #include "editor/core/PaintCommand.h"
 #include "base/SettingsStore.h"
-#include "editor/ReferencePainter.h"
 #include "base/TextCodec.h"
+#include "editor/ReferencePainter.h"
 #include "profiles/core/KeywordListFile.h"
+#include "profiles/core/ProfileFile.h"
+#include "profiles/core/SyntaxAssociations.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -60,6 +62,18 @@ std::vector<std::string> SampleArgs(std::vector<std::string> extra) {
     return a;
 }
 
+// The reference painter's colours of a document, in the tool's format.
+std::string RunsOf(RefDocument& d) {
+    RefColorCode(d);
+    std::string out;
+    for (size_t i = 0, j; i < d.slots.size(); i = j) {
+        for (j = i; j < d.slots.size() && d.slots[j] == d.slots[i];) ++j;
+        out += std::to_string(i) + " " + std::to_string(j - i) + " " + std::to_string(d.slots[i]) +
+               "\n";
+    }
+    return out;
+}
+
 // The runs of the reference painter for the same command, in the tool's format.
 std::string ReferenceRuns(const std::vector<std::string>& args) {
     std::string error;
@@ -69,14 +83,18 @@ std::string ReferenceRuns(const std::vector<std::string>& args) {
     RefDocument d(ToCrLf(ReadFileBytes(DataFile(command->file))));
     d.settings = PaintSettings(*command, lists);
     d.flags = {false, true};
-    RefColorCode(d);
-    std::string out;
-    for (size_t i = 0, j; i < d.slots.size(); i = j) {
-        for (j = i; j < d.slots.size() && d.slots[j] == d.slots[i];) ++j;
-        out += std::to_string(i) + " " + std::to_string(j - i) + " " + std::to_string(d.slots[i]) +
-               "\n";
-    }
-    return out;
+    return RunsOf(d);
+}
+
+// The reference painter's runs for a sample coloured with the shipped profile that the shipped
+// table gives its extension, read from the build's PROFILES/.
+std::string ReferenceRunsByExtension(const std::string& file) {
+    const std::string profile = DefaultProfileFor(SyntaxExtension(file));
+    EXPECT_FALSE(profile.empty()) << file;
+    RefDocument d(ToCrLf(ReadFileBytes(DataFile(file))));
+    ReadProfile(ReadFileBytes(Env("KESTRUM_BUILD_DIR") + "/PROFILES/" + profile), d.settings);
+    d.flags = {false, true};
+    return RunsOf(d);
 }
 
 } // namespace
@@ -153,6 +171,25 @@ TEST(PaintCommand, GoldenOutputs) {
             EXPECT_EQ(r.out, ReferenceRuns(c.args)) << c.golden;
         }
     }
+}
+
+// A sample of each language of today, coloured by the profile that the shipped table gives its
+// extension. Each has a comment with an apostrophe, which must not shift the strings behind it.
+TEST(PaintCommand, GoldenColouringsOfTheShippedLanguages) {
+    TempDir home; // no user table or user profiles
+    ::setenv("XDG_CONFIG_HOME", home.file("config").c_str(), 1);
+    ::setenv("XDG_DATA_HOME", home.file("data").c_str(), 1);
+    for (const char* ext :
+         {"py",  "sh", "mk", "cmake", "js", "ts",    "json", "yaml", "toml",       "md",  "css",
+          "xml", "rs", "go", "cs",    "kt", "swift", "lua",  "rb",   "dockerfile", "diff"}) {
+        const std::string sample = std::string("langs/sample.") + ext;
+        ToolRun r = RunPaint({sample});
+        EXPECT_EQ(r.exitCode, 0) << sample << ": " << r.err;
+        EXPECT_EQ(r.out, ReadFileBytes(DataFile(sample + ".runs"))) << sample;
+        EXPECT_EQ(r.out, ReferenceRunsByExtension(sample)) << sample;
+    }
+    ::unsetenv("XDG_CONFIG_HOME");
+    ::unsetenv("XDG_DATA_HOME");
 }
 
 TEST(PaintCommand, ErrorExits) {

@@ -75,7 +75,7 @@ TEST_F(LanguageRecognitionTest, AMissingProfileIsCreatedEmptyAndAMissingFolderIs
 
 TEST_F(LanguageRecognitionTest, TheProfileBoxRecoloursTheActiveDocument) {
     Start();
-    EXPECT_GE(main->cboProfiles->count(), 34);
+    EXPECT_GE(main->cboProfiles->count(), 55);
     frmDocument* d = Named("plain.txt");
     d->rtfText->SetText("SELECT x FROM t");
     main->cboProfiles->setCurrentText("SQL Default Profile");
@@ -88,7 +88,7 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
     Start();
     frmConfigAssocProfile dlg;
     int rows = dlg.lstUtilities->count();
-    EXPECT_EQ(rows, 65);
+    EXPECT_EQ(rows, 106);
     EXPECT_EQ(dlg.lstUtilities->item(0)->text(), "ASP\t\tASP Default Profile");
 
     SetModalRunnerForTesting([](QDialog& d) {

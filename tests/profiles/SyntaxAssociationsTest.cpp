@@ -20,13 +20,20 @@ struct AssocTest : ::testing::Test {
 
 TEST_F(AssocTest, CreateWritesTheTableWhereNoneIsAndTheLaterWriteStands) {
     EXPECT_TRUE(CreateSyntaxAssocs(store, kApp));
-    EXPECT_EQ(Rows(), 65u);
+    EXPECT_EQ(Rows(), 106u);
     // BAT and INI are written to the plain-text profile first, REX to REXX first; keys compare
-    // without regard to case.
+    // without regard to case. Today's languages follow and leave those rows alone.
     const std::vector<std::pair<std::string, std::string>> rows = {
-        {"BAT", "MS-DOS Batch Default Profile"}, {"ini", "Windows INI Default Profile"},
-        {"REX", "COBOL Default Profile"},        {"HtMl", "HTML Default Profile"},
+        {"BAT", "MS-DOS Batch Default Profile"},
+        {"ini", "Windows INI Default Profile"},
+        {"REX", "COBOL Default Profile"},
+        {"HtMl", "HTML Default Profile"},
         {"NFO", "Text Files - No Syntax"},
+        {"py", "Python Default Profile"},
+        {"Dockerfile", "Dockerfile Default Profile"},
+        {"CS", "C Sharp Default Profile"},
+        {"patch", "Diff Default Profile"},
+        {"M", "Limbo Default Profile"},
     };
     for (const auto& [ext, profile] : rows) {
         EXPECT_EQ(Get(ext), profile) << ext;
@@ -37,7 +44,8 @@ TEST_F(AssocTest, CreateWritesTheTableWhereNoneIsAndTheLaterWriteStands) {
     // Rows stand in the order of their first write.
     auto all = store.GetAllSettings(kApp, kSyntaxAssocSection);
     EXPECT_EQ(all.front().first, "ASP");
-    EXPECT_EQ(all.back().first, "PHP3");
+    EXPECT_EQ(all.at(64).first, "PHP3");
+    EXPECT_EQ(all.back().first, "PATCH");
 }
 
 // Restoring over a table the user changed is checked through the dialog's reset button.
@@ -60,6 +68,9 @@ TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalReco
         {"/tmp/index.HtMl", "HtMl", "HTML Default Profile"},
         {"/tmp/setup.bat", "bat", "MS-DOS Batch Default Profile"},
         {"/tmp/Makefile", "", ""},
+        // Only extensions are looked up: CMake's usual file name reads as a text file.
+        {"/src/CMakeLists.txt", "txt", "Text Files - No Syntax"},
+        {"/src/build.mk", "mk", "Makefile Default Profile"},
         {"/tmp/notes.", "", ""},
         {"", "", ""},
         {".profile", "profile", ""},

@@ -42,10 +42,31 @@ constexpr std::string_view kCicode = "CICODE Default Profile";
 constexpr std::string_view kPl1 = "PL1 Default Profile";
 constexpr std::string_view kRebol = "REBOL Default Profile";
 constexpr std::string_view kPhp = "PHP3 Default Profile";
+constexpr std::string_view kPython = "Python Default Profile";
+constexpr std::string_view kShell = "Shell Default Profile";
+constexpr std::string_view kMake = "Makefile Default Profile";
+constexpr std::string_view kCMake = "CMake Default Profile";
+constexpr std::string_view kJs = "JavaScript Default Profile";
+constexpr std::string_view kTs = "TypeScript Default Profile";
+constexpr std::string_view kJson = "JSON Default Profile";
+constexpr std::string_view kYaml = "YAML Default Profile";
+constexpr std::string_view kToml = "TOML Default Profile";
+constexpr std::string_view kMarkdown = "Markdown Default Profile";
+constexpr std::string_view kCss = "CSS Default Profile";
+constexpr std::string_view kXml = "XML Default Profile";
+constexpr std::string_view kRust = "Rust Default Profile";
+constexpr std::string_view kGo = "Go Default Profile";
+constexpr std::string_view kCSharp = "C Sharp Default Profile";
+constexpr std::string_view kKotlin = "Kotlin Default Profile";
+constexpr std::string_view kSwift = "Swift Default Profile";
+constexpr std::string_view kLua = "Lua Default Profile";
+constexpr std::string_view kRuby = "Ruby Default Profile";
+constexpr std::string_view kDocker = "Dockerfile Default Profile";
+constexpr std::string_view kDiff = "Diff Default Profile";
 
 // The order is part of the table: BAT and INI go first to the plain-text profile and then to
 // their own, and REX ends with the COBOL profile although REXX has one.
-constexpr std::array<SyntaxAssoc, 68> kDefaults{{
+constexpr std::array<SyntaxAssoc, 68> kClassic{{
     {"ASP", kAsp},      {"HTM", kHtml},      {"HTML", kHtml},    {"C", kC},
     {"CPP", kC},        {"H", kC},           {"HPP", kC},        {"DLG", kC},
     {"JAV", kJava},     {"JAVA", kJava},     {"PL", kPerl},      {"PM", kPerl},
@@ -64,6 +85,58 @@ constexpr std::array<SyntaxAssoc, 68> kDefaults{{
     {"ST", kSmalltalk}, {"SMT", kSmalltalk}, {"AML", kAml},      {"CI", kCicode},
     {"PLI", kPl1},      {"RBL", kRebol},     {"PHP", kPhp},      {"PHP3", kPhp},
 }};
+
+// Today's languages are written after the classic table and take none of its extensions.
+// Names without a dot (Makefile, Dockerfile) get no row, as only extensions are looked up.
+constexpr std::array<SyntaxAssoc, 41> kToday{{
+    {"PY", kPython},
+    {"PYW", kPython},
+    {"PYI", kPython},
+    {"SH", kShell},
+    {"BASH", kShell},
+    {"MK", kMake},
+    {"MAK", kMake},
+    {"CMAKE", kCMake},
+    {"JS", kJs},
+    {"MJS", kJs},
+    {"CJS", kJs},
+    {"JSX", kJs},
+    {"TS", kTs},
+    {"MTS", kTs},
+    {"CTS", kTs},
+    {"TSX", kTs},
+    {"JSON", kJson},
+    {"YML", kYaml},
+    {"YAML", kYaml},
+    {"TOML", kToml},
+    {"MD", kMarkdown},
+    {"MARKDOWN", kMarkdown},
+    {"CSS", kCss},
+    {"XML", kXml},
+    {"XSD", kXml},
+    {"XSL", kXml},
+    {"XSLT", kXml},
+    {"SVG", kXml},
+    {"RS", kRust},
+    {"GO", kGo},
+    {"CS", kCSharp},
+    {"KT", kKotlin},
+    {"KTS", kKotlin},
+    {"SWIFT", kSwift},
+    {"LUA", kLua},
+    {"RB", kRuby},
+    {"RAKE", kRuby},
+    {"GEMSPEC", kRuby},
+    {"DOCKERFILE", kDocker},
+    {"DIFF", kDiff},
+    {"PATCH", kDiff},
+}};
+
+constexpr auto kDefaults = [] {
+    std::array<SyntaxAssoc, kClassic.size() + kToday.size()> all{};
+    std::ranges::copy(kToday, std::ranges::copy(kClassic, all.begin()).out);
+    return all;
+}();
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(
