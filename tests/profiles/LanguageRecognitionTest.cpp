@@ -93,13 +93,13 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
 
     SetModalRunnerForTesting([](QDialog& d) {
         auto& add = static_cast<frmAddAssocProfile&>(d);
-        QTest::keyClicks(add.txtComplete, "*.rs?");
+        QTest::keyClicks(add.txtComplete, "*.qq?");
         add.lstFiles->setCurrentRow(add.lstFiles->count() - 1);
         add.cmdOK_Click();
     });
     dlg.cmdAdd_Click();
     EXPECT_EQ(dlg.lstUtilities->count(), rows + 1);
-    EXPECT_TRUE(dlg.lstUtilities->item(rows)->text().startsWith("rs\t\t"));
+    EXPECT_TRUE(dlg.lstUtilities->item(rows)->text().startsWith("qq\t\t"));
 
     // Remove passes the whole line as the key and so removes nothing.
     dlg.lstUtilities->setCurrentRow(0);
@@ -110,7 +110,7 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
     dialogs.AnswerMsgBox(MsgResult::Yes);
     dlg.cmdReset_Click();
     EXPECT_EQ(Setting("C", "Syntax Associations"), "C and C++ Default Profile");
-    EXPECT_EQ(Setting("rs", "Syntax Associations"), dlg.lstUtilities->item(rows)->text().mid(4));
+    EXPECT_EQ(Setting("qq", "Syntax Associations"), dlg.lstUtilities->item(rows)->text().mid(4));
 
     QStringList opened;
     std::filesystem::create_directories(tmp.path() + "app/Help");
