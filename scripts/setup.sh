@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(cmake g++ make ccache qt6-base-dev libqt6svg6 libqscintilla2-qt6-dev libsimpleini-dev libgtest-dev
-          xvfb xauth xdotool desktop-file-utils dpkg-dev)
+          xvfb xauth xdotool desktop-file-utils dpkg-dev libx11-dev)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -138,12 +138,6 @@ const MenuEntry kMenu[] = {
     {"mnuBrowserOpen", "Open File", "", 1, &F::mnuBrowserOpen_Click},
     {"mnuBrowserHexEditor", "Open in Hex Editor", "", 1, &F::mnuBrowserHexEditor_Click},
     {"mnuBrowserDefault", "Open X in Default Viewer", "", 1, &F::mnuBrowserDefault_Click},
-
-    {"mnuHidden", "Hidden", "", 0, nullptr},
-    {"mnuHiddenShowKestrum", "Show Kestrum", "", 1, nullptr},
-    {"mnuHiddenCloseKestrum", "Close Kestrum", "", 1, &F::mnuFileExit_Click},
-    {"mnuHiddenOpenFile", "Open File...", "", 1, nullptr},
-    {"mnuHiddenHexEditFile", "Hex Edit File...", "", 1, nullptr},
 };
 
 const ToolButtonEntry kButtons[] = {
@@ -199,7 +193,7 @@ const ExtraShortcut kExtra[] = {
 } // namespace
 
 bool IsPopupOnly(const char* menuName) {
-    return std::strcmp(menuName, "mnuBrowser") == 0 || std::strcmp(menuName, "mnuHidden") == 0;
+    return std::strcmp(menuName, "mnuBrowser") == 0;
 }
 
 std::span<const MenuEntry> MenuTable() { return kMenu; }

@@ -15,7 +15,8 @@ struct MenuEntry {
     bool checkable = false;
 };
 
-// Popup menus that are not on the menu bar: the file browser's and the tray icon's.
+// Popup menus that are not on the menu bar: the file browser's. (The tray icon builds its
+// own menu.)
 bool IsPopupOnly(const char* menuName);
 
 std::span<const MenuEntry> MenuTable();

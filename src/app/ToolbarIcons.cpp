@@ -4,6 +4,7 @@
 // linker keep it, and a static library's resources are not registered without the call.
 static void InitToolbarIconResources() {
     Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(program);
 }
 
 namespace {
@@ -27,6 +28,11 @@ QStringList ToolbarIconKeys() {
 QString ToolbarIconPath(const QString& key) {
     if (!Keys().contains(key)) return {};
     return ":/icons/" + key.toLower().replace(' ', '-') + ".svg";
+}
+
+QIcon ProgramIcon() {
+    [[maybe_unused]] static const bool registered = (InitToolbarIconResources(), true);
+    return QIcon(QStringLiteral(":/program/kestrum.svg"));
 }
 
 QIcon ToolbarIcon(const QString& key) {

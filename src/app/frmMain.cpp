@@ -1,15 +1,19 @@
 #include "app/frmMain.h"
 
-#include "base/qt/AppGlobals.h"
+#include "app/KeyboardLocks.h"
+#include "app/ToolbarIcons.h"
 #include "app/SingleInstance.h"
-#include "base/PathHelpers.h"
 #include "app/core/WorkspaceFile.h"
-#include "components/cDialogs.h"
+#include "base/PathHelpers.h"
+#include "base/qt/AppGlobals.h"
 #include "components/FlipPane.h"
+#include "components/cDialogs.h"
 #include "components/cSysTray.h"
 #include "editor/DocumentArray.h"
+#include "editor/core/WindowPlacement.h"
 #include "editor/frmDocument.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -17,7 +21,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMdiArea>
-#include <QAction>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScreen>
@@ -32,7 +35,9 @@ frmMain* theMainForm = nullptr;
 constexpr int kMinimumWidth = 4000 / 15; // 4000 twips
 } // namespace
 
-frmMain* MainForm() { return theMainForm; }
+frmMain* MainForm() {
+    return theMainForm;
+}
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     theMainForm = this;
@@ -48,6 +53,8 @@ frmMain::~frmMain() {
 }
 
 void frmMain::BuildWindow() {
+    // Set for the whole program, so that document windows show it instead of the toolkit's.
+    QApplication::setWindowIcon(ProgramIcon());
     auto* central = new QWidget(this);
     auto* v = new QVBoxLayout(central);
     v->setContentsMargins(0, 0, 0, 0);
@@ -85,6 +92,7 @@ void frmMain::BuildWindow() {
     v->addLayout(row, 1);
     BuildPanes(row);
     setCentralWidget(central);
+    setAcceptDrops(true); // files dropped anywhere outside a document open in new ones
 
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &frmMain::OnSubWindowActivated);
     connect(tabFiles, &QTabBar::tabBarClicked, this, &frmMain::tabFiles_Click);
@@ -122,6 +130,13 @@ void frmMain::BuildWindow() {
     panels_[5]->setText("INS");
     panels_[6]->setText("CAPS");
     panels_[7]->setText("NUM");
+    // The lock panels follow the keyboard's lights; where the lights cannot be read they
+    // stay grey rather than claim a state.
+    auto* locks = new QTimer(this);
+    locks->setInterval(250);
+    connect(locks, &QTimer::timeout, this, &frmMain::RefreshLockPanels);
+    locks->start();
+    RefreshLockPanels();
 
     BuildMenus();
     BuildBrowserPane();
@@ -129,6 +144,7 @@ void frmMain::BuildWindow() {
     // "Documents:" pops up the Window menu with the open documents at its end.
     lblOpenFiles->installEventFilter(this);
     lblOpenFiles->setCursor(Qt::PointingHandCursor);
+    mdiArea->viewport()->installEventFilter(this);
 }
 
 bool frmMain::eventFilter(QObject* o, QEvent* e) {
@@ -137,7 +153,29 @@ bool frmMain::eventFilter(QObject* o, QEvent* e) {
             w->popup(lblOpenFiles->mapToGlobal(QPoint(0, lblOpenFiles->height())));
         return true;
     }
+    if (o == mdiArea->viewport() && e->type() == QEvent::Resize) KeepWindowsInView();
     return QMainWindow::eventFilter(o, e);
+}
+
+void frmMain::RefreshLockPanels() {
+    std::optional<KeyboardLocks> locks = ReadKeyboardLocks();
+    panels_[6]->setEnabled(locks && locks->caps);
+    panels_[7]->setEnabled(locks && locks->num);
+}
+
+void frmMain::KeepWindowsInView() {
+    // The area shrinks when the window is restored or a pane opens; a document window it
+    // held must not end up partly outside it, reachable only by scrolling.
+    QSize area = mdiArea->viewport()->size();
+    if (area.width() < 100 || area.height() < 100) return;
+    for (QMdiSubWindow* w : mdiArea->subWindowList()) {
+        if (w->isMinimized() || w->isMaximized()) continue;
+        QRect g = w->geometry();
+        WindowRect r =
+            KeepInside({g.x(), g.y(), g.width(), g.height()}, area.width(), area.height());
+        if (r != WindowRect{g.x(), g.y(), g.width(), g.height()})
+            w->setGeometry(r.x, r.y, r.width, r.height);
+    }
 }
 
 // ---------------------------------------------------------------- load and unload
@@ -160,8 +198,9 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
     while (tabFiles->count() > 0) tabFiles->removeTab(0);
     Documents().Reset(mdiArea);
 
-    QRect screen = QApplication::primaryScreen() ? QApplication::primaryScreen()->availableGeometry()
-                                                 : QRect(0, 0, 1024, 768);
+    QRect screen = QApplication::primaryScreen()
+                       ? QApplication::primaryScreen()->availableGeometry()
+                       : QRect(0, 0, 1024, 768);
     // A stored value that does not convert leaves the default, as for every setting.
     auto single = [&](const char* key, double def) {
         return settings_convert::ToDouble(ToBytes(GetSetting(app, "Settings", key))).value_or(def);
@@ -240,6 +279,7 @@ void frmMain::LoadCommandLine(const QString& commandLine) {
     doc->SetCaption(FromBytes(FileNameOf(ToBytes(name))));
     SetTabCaption(doc->TabKey(), doc->Caption());
     doc->Tag = name;
+    doc->RememberDiskFile();
     doc->Changed = false;
     CycleRecentFiles(name);
     doc->SetSyntax();
@@ -308,7 +348,9 @@ QSize frmMain::DocumentAreaSize() const {
     return area;
 }
 
-void frmMain::RefreshStatus() { statusBar()->update(); }
+void frmMain::RefreshStatus() {
+    statusBar()->update();
+}
 
 void frmMain::RunCommand(const char* name) {
     if (QAction* a = Command(QString::fromLatin1(name))) a->trigger();
@@ -341,7 +383,9 @@ void frmMain::OnSubWindowActivated(QMdiSubWindow* w) {
     });
 }
 
-void frmMain::mnuFileExit_Click() { close(); }
+void frmMain::mnuFileExit_Click() {
+    close();
+}
 
 void frmMain::mnuPrefsReset_Click() {
     if (cDialogs::Get().MsgBox("To reset Kestrum's settings, Kestrum must be restarted. Do you "
@@ -412,10 +456,13 @@ QString frmMain::PanelText(int panel) const {
     return panel >= 1 && panel <= 7 ? panels_[size_t(panel)]->text() : QString();
 }
 
-void frmMain::SetDocInfo(const QString& text) { lblDocInfo->setText(text); }
-QString frmMain::DocInfo() const { return lblDocInfo->text(); }
+void frmMain::SetDocInfo(const QString& text) {
+    lblDocInfo->setText(text);
+}
+QString frmMain::DocInfo() const {
+    return lblDocInfo->text();
+}
 
 void frmMain::PopupEditMenu(const QPoint& globalPos) {
     if (mnuEdit && !mnuEdit->isEmpty()) mnuEdit->popup(globalPos);
 }
-

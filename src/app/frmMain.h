@@ -5,11 +5,11 @@
 #include "components/cDialogs.h"
 #include "editor/DocumentHost.h"
 
-#include <QMainWindow>
-#include <QPointer>
 #include <QHash>
 #include <QKeySequence>
 #include <QList>
+#include <QMainWindow>
+#include <QPointer>
 #include <QString>
 #include <array>
 #include <vector>
@@ -53,6 +53,7 @@ class frmMain : public QMainWindow, public DocumentHost {
     frmDocument* ActiveDocument() const override { return ActiveForm(); }
     void ActivateDocument(frmDocument* doc) override;
     QSize DocumentAreaSize() const override;
+    void ShowSyntaxProfile(const QString& name) override;
     void RefreshStatus() override;
     void RunCommand(const char* name) override;
     bool SaveActiveDocument() override;
@@ -91,8 +92,12 @@ class frmMain : public QMainWindow, public DocumentHost {
     // The one road of a file into a new document: NewDocument, the text, the backup copy
     // when one is named, caption and tab, Tag, the recent list when asked, the profile, and
     // Changed cleared. Null when a step failed (the new window stays), the reason in *error.
-    frmDocument* OpenFileInNewDocument(const QString& path, const QString& backup,
-                                       bool addToRecent, QString* error) override;
+    frmDocument* OpenFileInNewDocument(const QString& path, const QString& backup, bool addToRecent,
+                                       QString* error) override;
+    // Opens each dropped file in a document of its own; the first failure ends the list.
+    void MDIForm_OLEDragDrop(const QStringList& files);
+    frmDocument* LoadIntoNewDocument(const QString& path, const QString& backup, bool addToRecent,
+                                     bool backupFirst, QString* error);
     void mnuFileExit_Click();
     // Clears the editor settings and the language table, then exits.
     void mnuPrefsReset_Click();
@@ -315,6 +320,10 @@ class frmMain : public QMainWindow, public DocumentHost {
     void OnSubWindowActivated(QMdiSubWindow* w);
     void LoadCommandLine(const QString& commandLine);
     bool eventFilter(QObject* o, QEvent* e) override;
+    void dragEnterEvent(QDragEnterEvent* e) override;
+    void dropEvent(QDropEvent* e) override;
+    void KeepWindowsInView();
+    void RefreshLockPanels();
 
     std::array<QLabel*, 8> panels_{};
     QHash<QString, QAction*> commands_;

@@ -1,17 +1,18 @@
 // The menus and tool bars of the main window, and its Edit, View, Window and Help commands.
+#include "app/CommandTable.h"
+#include "app/frmMain.h"
+#include "base/TextCodec.h"
 #include "base/qt/AppGlobals.h"
 #include "base/qt/DataPaths.h"
-#include "app/CommandTable.h"
 #include "components/HelpSystem.h"
-#include "app/frmMain.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
-#include "base/TextCodec.h"
+#include "editor/core/LineCommand.h"
+#include "editor/core/WindowPlacement.h"
 #include "editor/frmDocument.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
 #include "profiles/frmConfigAssocProfile.h"
-#include "editor/core/LineCommand.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,9 +36,13 @@
 
 #if __has_include("app/ToolbarIcons.h")
 #include "app/ToolbarIcons.h"
-static QIcon ToolbarImage(const char* key) { return ToolbarIcon(QString::fromLatin1(key)); }
+static QIcon ToolbarImage(const char* key) {
+    return ToolbarIcon(QString::fromLatin1(key));
+}
 #else
-static QIcon ToolbarImage(const char*) { return {}; }
+static QIcon ToolbarImage(const char*) {
+    return {};
+}
 #endif
 
 QList<QKeySequence> frmMain::MenuShortcuts() const {
@@ -129,10 +134,8 @@ void frmMain::BuildMenus() {
 }
 
 void frmMain::BuildToolbars() {
-    QHash<QString, QToolBar*> bars{{"tbFile", tbFile},
-                                   {"tbAdvanced", tbAdvanced},
-                                   {"tbEdit", tbEdit},
-                                   {"tbSearch", tbSearch}};
+    QHash<QString, QToolBar*> bars{
+        {"tbFile", tbFile}, {"tbAdvanced", tbAdvanced}, {"tbEdit", tbEdit}, {"tbSearch", tbSearch}};
     for (const ToolButtonEntry& b : ToolbarTable()) {
         QToolBar* bar = bars.value(b.toolbar);
         QAction* command = Command(b.command);
@@ -151,7 +154,11 @@ void frmMain::BuildToolbars() {
         }
     }
     auto check = [this](const char* item, QToolBar* band) {
-        Command(item)->setChecked(!band->isHidden());
+        QAction* mark = Command(item);
+        mark->setChecked(!band->isHidden());
+        // The bars' own context menu hides and shows them too; the marks follow either way.
+        // The toggle action follows explicit hides only, not a minimised main window.
+        connect(band->toggleViewAction(), &QAction::toggled, mark, &QAction::setChecked);
     };
     check("mnuViewToolbarsCompiler", tbAdvanced);
     check("mnuViewToolbarsEdit", tbEdit);
@@ -159,7 +166,9 @@ void frmMain::BuildToolbars() {
     check("mnuViewToolbarsCursor", picDOcInfo);
 }
 
-QAction* frmMain::Command(const QString& name) const { return commands_.value(name); }
+QAction* frmMain::Command(const QString& name) const {
+    return commands_.value(name);
+}
 
 // ---------------------------------------------------------------- recent files
 
@@ -194,6 +203,12 @@ void frmMain::RefreshControls() {
     cboProfiles->setCurrentIndex(cboProfiles->findText(selected));
 }
 
+void frmMain::ShowSyntaxProfile(const QString& name) {
+    QSignalBlocker block(cboProfiles);
+    if (cboProfiles->count() == 0) cboProfiles->addItems(DataFiles("PROFILES"));
+    cboProfiles->setCurrentIndex(cboProfiles->findText(name));
+}
+
 void frmMain::CreateSyntaxAssocs() {
     try {
         ::CreateSyntaxAssocs(Store(), ToBytes(AppTitle()));
@@ -207,7 +222,8 @@ void frmMain::cboProfiles_Click() {
         if (doc->CodingInProgress()) {
             cDialogs::Get().MsgBox("You cannot change the current syntax profile while Kestrum is "
                                    "still color coding documents.",
-                                   MsgButtons::OKCancel, MsgIcon::Exclamation, "Noncritical Error:");
+                                   MsgButtons::OKCancel, MsgIcon::Exclamation,
+                                   "Noncritical Error:");
             return;
         }
     }
@@ -227,7 +243,9 @@ void frmMain::mnuPrefsRecog_Click() {
     dlg.exec();
 }
 
-void frmMain::mnuAdvancedAssoc_Click() { mnuPrefsRecog_Click(); }
+void frmMain::mnuAdvancedAssoc_Click() {
+    mnuPrefsRecog_Click();
+}
 
 // ---------------------------------------------------------------- edit commands
 
@@ -240,7 +258,9 @@ std::optional<std::string> ClipboardBytes(const RichEdit& edit) {
     return bytes;
 }
 
-QString SelectedText(const RichEdit& edit) { return edit.FromDocumentBytes(edit.SelText()); }
+QString SelectedText(const RichEdit& edit) {
+    return edit.FromDocumentBytes(edit.SelText());
+}
 } // namespace
 
 void frmMain::mnuEditUndo_Click() {
@@ -256,7 +276,8 @@ void frmMain::mnuEditCut_Click() {
 }
 
 void frmMain::mnuEditCopy_Click() {
-    if (frmDocument* doc = ActiveForm()) QApplication::clipboard()->setText(SelectedText(*doc->rtfText));
+    if (frmDocument* doc = ActiveForm())
+        QApplication::clipboard()->setText(SelectedText(*doc->rtfText));
 }
 
 void frmMain::mnuEditPaste_Click() {
@@ -307,7 +328,9 @@ void ToggleBand(QAction* item, QToolBar* band) {
 void frmMain::mnuViewToolbarsCompiler_Click() {
     ToggleBand(Command("mnuViewToolbarsCompiler"), tbAdvanced);
 }
-void frmMain::mnuViewToolbarsEdit_Click() { ToggleBand(Command("mnuViewToolbarsEdit"), tbEdit); }
+void frmMain::mnuViewToolbarsEdit_Click() {
+    ToggleBand(Command("mnuViewToolbarsEdit"), tbEdit);
+}
 void frmMain::mnuViewToolbarsSearch_Click() {
     ToggleBand(Command("mnuViewToolbarsSearch"), tbSearch);
 }
@@ -341,9 +364,10 @@ void frmMain::mnuAdvancedOpenViewer_Click() {
     frmDocument* doc = ActiveForm();
     if (!doc) return;
     if (doc->Tag.isEmpty()) {
-        if (cDialogs::Get().MsgBox("You must first save the file before you can view it in its "
-                                   "currently associated program. Do you wish to save the file now?",
-                                   MsgButtons::YesNo, MsgIcon::Question, "Confirm") != MsgResult::Yes)
+        if (cDialogs::Get().MsgBox(
+                "You must first save the file before you can view it in its "
+                "currently associated program. Do you wish to save the file now?",
+                MsgButtons::YesNo, MsgIcon::Question, "Confirm") != MsgResult::Yes)
             return;
         mnuFileSave_Click();
     }
@@ -352,7 +376,9 @@ void frmMain::mnuAdvancedOpenViewer_Click() {
 
 // ---------------------------------------------------------------- window commands
 
-void frmMain::mnuWindowNewWindow_Click() { NewDocument(); }
+void frmMain::mnuWindowNewWindow_Click() {
+    NewDocument();
+}
 
 void frmMain::mnuWindowDuplicate_Click() {
     frmDocument* doc = ActiveForm();
@@ -368,22 +394,41 @@ void frmMain::mnuWindowDuplicate_Click() {
     copy->SetSyntax();
 }
 
-void frmMain::mnuWindowCascade_Click() { mdiArea->cascadeSubWindows(); }
-void frmMain::mnuWindowTileHorizontal_Click() { mdiArea->tileSubWindows(); }
-void frmMain::mnuWindowTileVertical_Click() {
-    // Side by side: each window takes the full height and an equal share of the width.
-    auto windows = mdiArea->subWindowList();
-    int n = 0;
-    for (QMdiSubWindow* w : windows) n += w->isMinimized() ? 0 : 1;
-    if (n == 0) return;
-    QSize area = mdiArea->viewport()->size();
-    int x = 0, width = area.width() / n;
-    for (QMdiSubWindow* w : windows) {
-        if (w->isMinimized()) continue;
-        w->showNormal();
-        w->setGeometry(x, 0, width, area.height());
-        x += width;
+namespace {
+// The windows that an arrangement moves: all but the minimised ones, in the area's order.
+std::vector<QMdiSubWindow*> ArrangedWindows(QMdiArea* area) {
+    std::vector<QMdiSubWindow*> out;
+    for (QMdiSubWindow* w : area->subWindowList())
+        if (!w->isMinimized() && w->isVisible()) out.push_back(w);
+    return out;
+}
+
+void Arrange(const std::vector<QMdiSubWindow*>& windows, const std::vector<WindowRect>& rects) {
+    for (size_t i = 0; i < windows.size() && i < rects.size(); ++i) {
+        windows[i]->showNormal();
+        windows[i]->setGeometry(rects[i].x, rects[i].y, rects[i].width, rects[i].height);
     }
+}
+} // namespace
+
+void frmMain::mnuWindowCascade_Click() {
+    auto windows = ArrangedWindows(mdiArea);
+    if (windows.empty()) return;
+    QSize area = mdiArea->viewport()->size();
+    Arrange(windows, CascadeAll(windows.size(), area.width(), area.height(),
+                                DocumentArray::CascadeStep(windows.front())));
+    // The active window stays in front, as the last of the cascade would be.
+    if (QMdiSubWindow* a = mdiArea->activeSubWindow()) a->raise();
+}
+void frmMain::mnuWindowTileHorizontal_Click() {
+    auto windows = ArrangedWindows(mdiArea);
+    QSize area = mdiArea->viewport()->size();
+    Arrange(windows, TileRows(windows.size(), area.width(), area.height()));
+}
+void frmMain::mnuWindowTileVertical_Click() {
+    auto windows = ArrangedWindows(mdiArea);
+    QSize area = mdiArea->viewport()->size();
+    Arrange(windows, TileColumns(windows.size(), area.width(), area.height()));
 }
 void frmMain::mnuWindowArrangeIcons_Click() {
     // Lines the minimised windows up along the bottom edge.
@@ -413,7 +458,9 @@ void frmMain::mnuWindowCloseAll_Click() {
             if (frmDocument* doc = Documents().Document(i)) doc->CloseWith(frmDocument::vbFormCode);
 }
 
-void frmMain::mnuHelpContents_Click() { ShowHelpTopic("basic_editing"); }
+void frmMain::mnuHelpContents_Click() {
+    ShowHelpTopic("basic_editing");
+}
 
 // ---------------------------------------------------------------- format commands
 

@@ -3,14 +3,14 @@
 // one command to the next: a command sets only what it needs, the rest is as it was left.
 #include "app/frmMain.h"
 
-#include "base/qt/AppGlobals.h"
+#include "base/MiscSubs.h"
 #include "base/PathHelpers.h"
+#include "base/TextCodec.h"
+#include "base/qt/AppGlobals.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/SafeSave.h"
-#include "base/TextCodec.h"
 #include "editor/frmDocument.h"
-#include "base/MiscSubs.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -74,7 +74,6 @@ void ReportOpenFailure(const QString& error) {
            QStringLiteral("File I/O Error"));
 }
 
-
 // Sets the caption of the tab at a 1-based position; false when the strip has none there.
 bool SetTabCaptionAt(QTabBar* tabs, int position, const QString& caption) {
     if (position < 1 || position > tabs->count()) return false;
@@ -110,7 +109,7 @@ void frmMain::mnuFileOpen_Click() {
     QString backup;
     if (g_EditorSettings().Backup) backup = FromBytes(StripExtension(ToBytes(*path))) + ".BAK";
     QString error;
-    if (!OpenFileInNewDocument(*path, backup, true, &error)) return ReportOpenFailure(error);
+    if (!LoadIntoNewDocument(*path, backup, true, true, &error)) return ReportOpenFailure(error);
     LastDir = FolderOf(*path);
 }
 
@@ -125,13 +124,36 @@ void frmMain::mnuFileRecent_Click(int index) {
 
 frmDocument* frmMain::OpenFileInNewDocument(const QString& path, const QString& backup,
                                             bool addToRecent, QString* error) {
+    return LoadIntoNewDocument(path, backup, addToRecent, false, error);
+}
+
+frmDocument* frmMain::LoadIntoNewDocument(const QString& path, const QString& backup,
+                                          bool addToRecent, bool backupFirst, QString* error) {
+    // A file that is open already is shown, not loaded a second time (Duplicate Window is
+    // the way to a second view of it).
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    for (frmDocument* open : Documents().OpenDocuments()) {
+        if (open->Tag.isEmpty() || canonical.isEmpty() || open->Caption().endsWith(" [Copy]"))
+            continue;
+        if (QFileInfo(open->Tag).canonicalFilePath() == canonical) {
+            ActivateDocument(open);
+            if (addToRecent) CycleRecentFiles(path);
+            return open;
+        }
+    }
     frmDocument* doc = NewDocument();
     if (!doc) return nullptr;
     if (!doc->rtfText->LoadFile(path, 1, error)) return nullptr;
-    if (!backup.isEmpty() && !doc->rtfText->SaveFile(backup, 1, error)) return nullptr;
+    // Most roads name the document before the backup is tried, so that a failed backup
+    // leaves a window that saves back where it came from; File > Open backs up first.
+    if (backupFirst && !backup.isEmpty() && !doc->rtfText->SaveFile(backup, 1, error))
+        return nullptr;
     doc->SetCaption(FileTitle(path));
     SetTabCaption(doc->TabKey(), doc->Caption());
     doc->Tag = path;
+    doc->RememberDiskFile();
+    if (!backupFirst && !backup.isEmpty() && !doc->rtfText->SaveFile(backup, 1, error))
+        return nullptr;
     if (addToRecent) CycleRecentFiles(path);
     doc->SetSyntax();
     doc->Changed = false;
@@ -160,8 +182,7 @@ void frmMain::mnuEditReload_Click() {
             MsgButtons::YesNo, MsgIcon::Question, "Confirm") != MsgResult::Yes)
         return;
     // A file that cannot be read is passed over: the text stays and counts as unchanged.
-    doc->rtfText->LoadFile(doc->Tag, 1, nullptr);
-    doc->Changed = false;
+    if (!doc->ReloadFromDisk()) doc->Changed = false;
 }
 
 // ---------------------------------------------------------------- save
@@ -175,8 +196,10 @@ void frmMain::mnuFileSave_Click() {
                AppTitle());
     };
     if (!doc->Caption().startsWith(kUntitled) && !doc->Tag.isEmpty()) {
+        if (!doc->MayOverwriteDiskFile()) return;
         if (!doc->rtfText->SaveFile(doc->Tag, 1, &error)) return fail();
         doc->Changed = false;
+        doc->RememberDiskFile();
         return;
     }
     FileDialogOptions& dlg = dlgCommonDialog;
@@ -189,6 +212,7 @@ void frmMain::mnuFileSave_Click() {
     doc->Tag = *path;
     doc->SetCaption(FileTitle(*path));
     doc->Changed = false;
+    doc->RememberDiskFile();
     // The tab is found by its position, which is the slot's only while no lower slot has
     // closed; a position past the last tab fails like the rest of the command.
     if (!SetTabCaptionAt(tabFiles, doc->FormIndex, doc->Caption())) {
@@ -216,6 +240,7 @@ void frmMain::mnuFileSaveAs_Click() {
         SetTabCaption(doc->TabKey(), doc->Caption());
         // Written a second time once the document carries its new name.
         if (saved()) {
+            doc->RememberDiskFile();
             LastDir = FolderOf(*path);
             return;
         }
@@ -231,8 +256,10 @@ void frmMain::mnuFileSaveAll_Click() {
         if (!doc) continue;
         bool ok = true;
         if (!doc->Caption().startsWith(kUntitled)) {
+            if (!doc->MayOverwriteDiskFile()) continue;
             ok = doc->rtfText->SaveFile(doc->Tag, 1, nullptr);
             if (ok) doc->Changed = false;
+            if (ok) doc->RememberDiskFile();
         } else {
             FileDialogOptions& dlg = dlgCommonDialog;
             dlg.title = "Save " + doc->Caption();
@@ -244,6 +271,7 @@ void frmMain::mnuFileSaveAll_Click() {
                 doc->Tag = *path;
                 doc->SetCaption(FileTitle(*path));
                 doc->Changed = false;
+                doc->RememberDiskFile();
                 ok = SetTabCaptionAt(tabFiles, doc->FormIndex, doc->Caption());
             }
         }

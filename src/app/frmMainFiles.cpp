@@ -1,8 +1,8 @@
 // The main window's file tools: the comparison, file information and the browser pane.
-#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
-#include "components/FlipPane.h"
 #include "base/PathHelpers.h"
+#include "base/qt/AppGlobals.h"
+#include "components/FlipPane.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"
@@ -13,8 +13,11 @@
 #include <QAction>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QMenu>
+#include <QMimeData>
 #include <QProcess>
 #include <QUrl>
 
@@ -29,6 +32,7 @@ void frmMain::mnuFileCompare_Click() {
             if (!doc) continue;
             doc->rtfText->LoadFile(path, 1, nullptr);
             doc->Tag = path;
+            doc->RememberDiskFile();
             doc->SetCaption(FromBytes(FileNameOf(ToBytes(path))));
             SetTabCaption(doc->TabKey(), doc->Caption());
             doc->Changed = false;
@@ -63,6 +67,36 @@ void frmMain::BuildBrowserPane() {
     connect(lstFiles, &FileView::FileDblClick, this, &frmMain::lstFiles_FileDblClick);
     connect(lstFiles, &FileView::MouseUp, this,
             [this](Qt::MouseButton button) { lstFiles_MouseUp(button); });
+}
+
+// ---------------------------------------------------------------- files dropped on the window
+
+void frmMain::dragEnterEvent(QDragEnterEvent* e) {
+    if (e->mimeData()->hasUrls()) e->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* e) {
+    QStringList files;
+    for (const QUrl& url : e->mimeData()->urls())
+        if (url.isLocalFile()) files << url.toLocalFile();
+    if (files.isEmpty()) return;
+    e->acceptProposedAction();
+    MDIForm_OLEDragDrop(files);
+}
+
+void frmMain::MDIForm_OLEDragDrop(const QStringList& files) {
+    for (const QString& file : files) {
+        QString error;
+        const QString backup = g_EditorSettings().Backup ? file + "~" : QString();
+        frmDocument* doc = OpenFileInNewDocument(file, backup, true, &error);
+        if (!doc) {
+            cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\r\n" +
+                                       error,
+                                   MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
+            return;
+        }
+        doc->RefreshDisplay();
+    }
 }
 
 void frmMain::lstFiles_FileDblClick(const QString& path) {

@@ -198,6 +198,7 @@ bool frmMain::LoadWorkspace(const QString& path, bool fromCommandLine, QString* 
         doc->SetCaption(FromBytes(e.caption));
         SetTabCaption(doc->TabKey(), doc->Caption());
         doc->Tag = file;
+        doc->RememberDiskFile();
         if (fromCommandLine || g_EditorSettings().AutoCode) doc->SetSyntax();
         doc->Changed = false;
         // The window stays responsive while a long workspace comes in.

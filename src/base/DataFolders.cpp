@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <set>
 #include <system_error>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -43,10 +44,13 @@ std::string Lower(std::string_view s) {
 } // namespace
 
 DataFolders ResolveDataFolders(std::string_view programDir, std::string_view xdgDataHome,
-                               std::string_view home) {
+                               std::string_view home, bool programDirWritable) {
     const std::string program = WithSlash(programDir);
-    const std::string installed = InstalledDataFolder(program);
-    if (installed.empty()) return {program, program};
+    std::string installed = InstalledDataFolder(program);
+    if (installed.empty()) {
+        if (programDirWritable) return {program, program};
+        installed = program;
+    }
     std::string base;
     if (!xdgDataHome.empty() && xdgDataHome.front() == '/')
         base = WithSlash(xdgDataHome);
@@ -60,7 +64,8 @@ DataFolders ResolveDataFolders(std::string_view programDir, std::string_view xdg
 DataFolders ResolveDataFoldersFromEnvironment(std::string_view programDir) {
     const char* xdg = std::getenv("XDG_DATA_HOME");
     const char* home = std::getenv("HOME");
-    return ResolveDataFolders(programDir, xdg ? xdg : "", home ? home : "");
+    const bool writable = access(std::string(programDir).c_str(), W_OK) == 0;
+    return ResolveDataFolders(programDir, xdg ? xdg : "", home ? home : "", writable);
 }
 
 std::string DataPathForReading(const DataFolders& folders, std::string_view relative) {

@@ -18,10 +18,13 @@ struct DataFolders {
 
 // programDir is the executable's folder (with or without its trailing '/'). xdgDataHome and
 // home are the environment's values, empty when unset; a relative XDG_DATA_HOME is ignored,
-// as the base directory rules ask.
+// as the base directory rules ask. An uninstalled program whose folder the user cannot write
+// (a copy unpacked by another user) keeps its shipped data there and the user's in the
+// user's folder, as an installed one does.
 DataFolders ResolveDataFolders(std::string_view programDir, std::string_view xdgDataHome,
-                               std::string_view home);
-// The same with XDG_DATA_HOME and HOME read from the environment.
+                               std::string_view home, bool programDirWritable = true);
+// The same with XDG_DATA_HOME and HOME read from the environment and the program folder's
+// permissions from the system.
 DataFolders ResolveDataFoldersFromEnvironment(std::string_view programDir);
 
 // The file to read for a path relative to the data folders ("PROFILES/C/C++"): the user's

@@ -9,11 +9,9 @@ bool IsAllCrLf(std::string_view b) {
     const char* p = b.data();
     const char* end = p + b.size();
     // Every CR must be followed by LF and every LF preceded by CR.
-    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\n', end - q)));
-         ++q)
+    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\n', end - q))); ++q)
         if (q == p || q[-1] != '\r') return false;
-    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\r', end - q)));
-         ++q)
+    for (const char* q = p; (q = static_cast<const char*>(std::memchr(q, '\r', end - q))); ++q)
         if (q + 1 == end || q[1] != '\n') return false;
     return true;
 }
@@ -63,10 +61,14 @@ bool IsValidUtf8(std::string_view b) {
         }
         int len;
         uint32_t cp;
-        if (c >= 0xC2 && c <= 0xDF) len = 2, cp = c & 0x1F;
-        else if (c >= 0xE0 && c <= 0xEF) len = 3, cp = c & 0x0F;
-        else if (c >= 0xF0 && c <= 0xF4) len = 4, cp = c & 0x07;
-        else return false;
+        if (c >= 0xC2 && c <= 0xDF)
+            len = 2, cp = c & 0x1F;
+        else if (c >= 0xE0 && c <= 0xEF)
+            len = 3, cp = c & 0x0F;
+        else if (c >= 0xF0 && c <= 0xF4)
+            len = 4, cp = c & 0x07;
+        else
+            return false;
         if (i + len > n) return false;
         for (int k = 1; k < len; ++k) {
             if ((s[i + k] & 0xC0) != 0x80) return false;
@@ -93,6 +95,7 @@ void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
     if (pendingCr_ && !chunk.empty()) {
         out += "\r\n";
         if (chunk[0] == '\n') i = 1;
+        ++(i == 1 ? crLf_ : cr_);
         pendingCr_ = false;
     }
     const char* base = chunk.data();
@@ -112,14 +115,17 @@ void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
                 return;
             }
             if (base[cr + 1] == '\n') { // CR LF stays as it is
+                ++crLf_;
                 lf = next('\n', cr + 2);
             } else {
+                ++cr_;
                 out.append(base + start, cr - start);
                 out += "\r\n";
                 start = cr + 1;
             }
             cr = next('\r', cr + 1);
         } else {
+            ++lf_;
             out.append(base + start, lf - start);
             out += "\r\n";
             start = lf + 1;
@@ -130,8 +136,36 @@ void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
 }
 
 void CrLfNormalizer::Finish(std::string& out) {
-    if (pendingCr_) out += "\r\n";
+    if (pendingCr_) {
+        out += "\r\n";
+        ++cr_;
+    }
     pendingCr_ = false;
+}
+
+LineEndStyle CrLfNormalizer::Style() const {
+    const int kinds = int(crLf_ > 0) + int(lf_ > 0) + int(cr_ > 0);
+    if (kinds > 1) return LineEndStyle::Mixed;
+    if (crLf_ > 0) return LineEndStyle::CrLf;
+    if (cr_ > 0) return LineEndStyle::Cr;
+    return LineEndStyle::Lf;
+}
+
+std::string FromCrLf(std::string_view text, LineEndStyle style) {
+    if (style == LineEndStyle::CrLf || style == LineEndStyle::Mixed) return std::string(text);
+    const char end = style == LineEndStyle::Lf ? '\n' : '\r';
+    std::string out;
+    out.reserve(text.size());
+    size_t start = 0;
+    for (;;) {
+        const size_t pair = text.find("\r\n", start);
+        if (pair == std::string_view::npos) break;
+        out.append(text.substr(start, pair - start));
+        out += end;
+        start = pair + 2;
+    }
+    out.append(text.substr(start));
+    return out;
 }
 
 void Utf8Validator::Feed(std::string_view chunk) {

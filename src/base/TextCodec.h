@@ -13,15 +13,26 @@ bool IsValidUtf8(std::string_view bytes);
 // Deletes every CR: the bytes of an export with UNIX line ends.
 std::string StripCr(std::string_view bytes);
 
+// The line ends a file was written with. The buffer always holds CR LF; a document writes its
+// file back with the style it was read with. A file with more than one kind is Mixed and is
+// written with CR LF; one without any line end counts as LF.
+enum class LineEndStyle { CrLf, Lf, Cr, Mixed };
+
+// The buffer's CR LF pairs written as the style asks (CR LF for CrLf and Mixed).
+std::string FromCrLf(std::string_view text, LineEndStyle style);
+
 // The same two jobs for a file read in chunks, so that a large file is never held twice.
 class CrLfNormalizer {
   public:
     // Appends the converted chunk to out. A CR at the end of a chunk waits for the next one.
     void Feed(std::string_view chunk, std::string& out);
     void Finish(std::string& out);
+    // The style of the line ends seen so far.
+    LineEndStyle Style() const;
 
   private:
     bool pendingCr_ = false;
+    size_t crLf_ = 0, lf_ = 0, cr_ = 0;
 };
 
 class Utf8Validator {

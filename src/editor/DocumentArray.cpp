@@ -1,17 +1,21 @@
 #include "editor/DocumentArray.h"
 
 #include "editor/DocumentHost.h"
+#include "editor/core/WindowPlacement.h"
 #include "editor/frmDocument.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QStyle>
 
 DocumentArray& Documents() {
     static DocumentArray table;
     return table;
 }
 
-frmDocument* NewDocument() { return Documents().NewDocument(); }
+frmDocument* NewDocument() {
+    return Documents().NewDocument();
+}
 
 void DocumentArray::Reset(QMdiArea* area) {
     area_ = area;
@@ -32,6 +36,7 @@ frmDocument* DocumentArray::NewDocument() {
         w->setWindowTitle(doc->windowTitle());
         doc->Form_Load();
         w->show();
+        PlaceNewWindow(w);
         area_->setActiveSubWindow(w);
     } else {
         // Without a window the document is a hidden widget of its own.
@@ -42,6 +47,25 @@ frmDocument* DocumentArray::NewDocument() {
     Host().ActivateDocument(doc);
     doc->Changed = false;
     return doc;
+}
+
+void DocumentArray::PlaceNewWindow(QMdiSubWindow* w) {
+    if (w->isMaximized()) return;
+    // The next place of a cascade that starts again at the top left before a window would
+    // leave the area, so that a new window never opens partly out of view.
+    QSize area = Host().DocumentAreaSize();
+    size_t others = 0;
+    for (QMdiSubWindow* o : area_->subWindowList())
+        if (o != w && o->isVisible() && !o->isMinimized()) ++others;
+    WindowRect r = KeepInside({0, 0, w->width(), w->height()}, area.width(), area.height());
+    r = CascadePlace(others, area.width(), area.height(), r.width, r.height, CascadeStep(w));
+    w->setGeometry(r.x, r.y, r.width, r.height);
+}
+
+int DocumentArray::CascadeStep(const QWidget* w) {
+    // One title bar and its frame, so that each window's caption shows below the one before.
+    return w->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, w) +
+           w->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, w);
 }
 
 void DocumentArray::Release(int index) {

@@ -8,6 +8,8 @@
 
 class frmDocument;
 class QMdiArea;
+class QMdiSubWindow;
+class QWidget;
 
 class DocumentArray {
   public:
@@ -26,8 +28,12 @@ class DocumentArray {
     int UpperBound() const { return slots_.UpperBound(); }
     bool IsFree(int index) const { return slots_.IsFree(index); }
     int32_t FileCounter() const { return slots_.FileCounter; }
+    // The distance between two windows of a cascade: one caption bar.
+    static int CascadeStep(const QWidget* window);
 
   private:
+    void PlaceNewWindow(QMdiSubWindow* window);
+
     DocumentSlots slots_;
     std::vector<QPointer<frmDocument>> windows_;
     QMdiArea* area_ = nullptr;

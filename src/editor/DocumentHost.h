@@ -27,6 +27,8 @@ class DocumentHost {
     virtual void RemoveTab(const QString& key) {}
     virtual void SetTabCaption(const QString& key, const QString& caption) {}
     virtual void SelectTab(const QString& key, const QString& toolTip) {}
+    // The syntax profile the active document colours with ("" when it has none).
+    virtual void ShowSyntaxProfile(const QString& name) {}
 
     // Status panels: 1 messages, 2 selection, 3 position, 4 modified state, 5 "INS".
     virtual void SetPanelText(int panel, const QString& text) {}

@@ -7,6 +7,7 @@
 // edit nor an undo step. A long stretch of colours may be handed over unwritten
 // (DeferStyles): the control then takes it as it shows or measures the text
 // (RichEditStyles.cpp).
+#include "base/TextCodec.h"
 #include "editor/core/ColorSlot.h"
 #include "editor/core/LineCommand.h"
 
@@ -105,8 +106,12 @@ class RichEdit : public QsciScintilla {
 
     // --- Files ---
     // Type 1 is plain text. On failure returns false with the reason in *error.
+    // Plain text is written back with the line ends the last loaded file had (CR LF for a
+    // new text, and for a file that mixed several kinds).
     bool LoadFile(const QString& path, int type, QString* error);
     bool SaveFile(const QString& path, int type, QString* error);
+    LineEndStyle LineEnds() const { return lineEnds_; }
+    void SetLineEnds(LineEndStyle style) { lineEnds_ = style; }
     // The document, or the selection, as RTF with its colours and font; setting one reads
     // what getting it writes, and RTF from word processors (RichEditRtf.cpp).
     std::string TextRTF() const;
@@ -159,6 +164,7 @@ class RichEdit : public QsciScintilla {
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
   private:
+    LineEndStyle lineEnds_ = LineEndStyle::CrLf;
     long Sci(unsigned int msg, unsigned long w = 0, long l = 0) const;
     long SciPtr(unsigned int msg, unsigned long w, const void* p) const;
     void ApplyFont();

@@ -1,11 +1,14 @@
 #include "editor/RichEdit.h"
 
 #include "base/TextCodec.h"
+#include "editor/DocumentHost.h"
 #include "editor/SafeSave.h"
 
 #include <QFile>
 
-void RichEdit::ResetEncoding(bool utf8) { setUtf8(utf8); }
+void RichEdit::ResetEncoding(bool utf8) {
+    setUtf8(utf8);
+}
 
 bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     QFile f(path);
@@ -48,6 +51,12 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     norm.Finish(converted);
     SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
     setUtf8(utf8.Finish());
+    if (ok) {
+        lineEnds_ = norm.Style();
+        if (lineEnds_ == LineEndStyle::Mixed)
+            Host().SetPanelText(
+                1, tr("This file mixes line-end styles; it will be saved with CR LF."));
+    }
     Sci(SCI_SETMODEVENTMASK, eventMask);
     if (hadText || TextLength() > 0) emit textChanged();
     Sci(SCI_SETUNDOCOLLECTION, 1);
@@ -61,7 +70,12 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
 bool RichEdit::SaveFile(const QString& path, int type, QString* error) {
     // Type 0 is the document as rich text, any other type its plain text. Either way a failed
     // write leaves the old file whole.
-    std::string rtf;
-    if (type == 0) rtf = TextRTF();
-    return SaveBytesSafely(path, type == 0 ? std::string_view(rtf) : TextView(), error);
+    std::string converted;
+    if (type == 0)
+        converted = TextRTF();
+    else if (lineEnds_ == LineEndStyle::Lf || lineEnds_ == LineEndStyle::Cr)
+        converted = FromCrLf(TextView(), lineEnds_);
+    else
+        return SaveBytesSafely(path, TextView(), error);
+    return SaveBytesSafely(path, converted, error);
 }

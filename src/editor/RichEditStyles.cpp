@@ -156,6 +156,7 @@ std::string RichEdit::Styles(int64_t start, int64_t length) const {
 
 void RichEdit::CopyFrom(const RichEdit& other) {
     setUtf8(other.isUtf8());
+    lineEnds_ = other.lineEnds_;
     std::string_view t = other.TextView();
     DropDeferredStyles();
     Sci(SCI_CLEARALL);

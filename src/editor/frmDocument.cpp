@@ -1,14 +1,14 @@
 #include "editor/frmDocument.h"
 
+#include "base/MiscSubs.h"
 #include "base/qt/AppGlobals.h"
 #include "base/qt/DataPaths.h"
-#include "editor/DocumentHost.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
+#include "editor/DocumentHost.h"
+#include "editor/core/LineCommand.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
-#include "editor/core/LineCommand.h"
-#include "base/MiscSubs.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -17,18 +17,19 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QStatusBar>
-#include <QListWidget>
 #include <QPointer>
+#include <QStatusBar>
 #include <QTimer>
 
 namespace {
 constexpr int kTwipsPerPixel = 15;
 } // namespace
 
-frmDocument::frmDocument(int16_t formIndex, QWidget* parent) : QWidget(parent), FormIndex(formIndex) {
+frmDocument::frmDocument(int16_t formIndex, QWidget* parent)
+    : QWidget(parent), FormIndex(formIndex) {
     setWindowTitle(QStringLiteral("Untitled "));
     lblColors = new QLabel(this);
     lblColors->setAlignment(Qt::AlignCenter);
@@ -41,13 +42,22 @@ frmDocument::frmDocument(int16_t formIndex, QWidget* parent) : QWidget(parent), 
     connect(tmrChanges, &QTimer::timeout, this, &frmDocument::tmrChanges_Timer);
     connect(rtfText, &RichEdit::CharacterRefused, this, [] {
         QApplication::beep();
-        Host().SetPanelText(1, QObject::tr("This file is not UTF-8: it cannot hold that character."));
+        Host().SetPanelText(1,
+                            QObject::tr("This file is not UTF-8: it cannot hold that character."));
     });
     tmrChanges->start();
+    tmrLiveColour = new QTimer(this);
+    tmrLiveColour->setSingleShot(true);
+    tmrLiveColour->setInterval(150);
+    connect(tmrLiveColour, &QTimer::timeout, this, [this] {
+        if (!codingInProgress_ && ChangedHighLight) CodeLine();
+    });
     rtfText->ReleaseKeys(Host().MenuShortcuts());
 }
 
-frmDocument::~frmDocument() { Form_Unload(); }
+frmDocument::~frmDocument() {
+    Form_Unload();
+}
 
 QMdiSubWindow* frmDocument::SubWindow() const {
     return qobject_cast<QMdiSubWindow*>(parentWidget());
@@ -93,7 +103,9 @@ void frmDocument::ToggleWrap() {
     Form_Resize();
 }
 
-void frmDocument::ReflectSettings() { settings_ = g_SelectedProfile(); }
+void frmDocument::ReflectSettings() {
+    settings_ = g_SelectedProfile();
+}
 
 void frmDocument::RefreshDisplay() {
     Form_Resize();
@@ -117,6 +129,7 @@ void frmDocument::RefreshDisplay() {
 }
 
 void frmDocument::Form_Activate() {
+    OfferReloadIfChangedOnDisk();
     RefreshDisplay();
     if (g_EditorSettings().AutoCode) ColorCode();
 }
@@ -125,6 +138,7 @@ void frmDocument::Form_GotFocus() {
     Form_Resize();
     Host().SetPanelText(2, QString::number(rtfText->SelLength()) + " bytes selected.");
     Host().SelectTab(TabKey(), Tag);
+    Host().ShowSyntaxProfile(syntaxProfile_);
 }
 
 void frmDocument::rtfText_SelChange() {
@@ -139,9 +153,8 @@ void frmDocument::tmrChanges_Timer() {
     if (m.ActiveDocument() != this || codingInProgress_) return;
     int64_t sel = rtfText->SelStart();
     int line = rtfText->LineFromChar(sel);
-    QString pos = QStringLiteral("Line %1 : Col %2")
-                      .arg(line + 1)
-                      .arg(sel + 1 - rtfText->LineIndex(line));
+    QString pos =
+        QStringLiteral("Line %1 : Col %2").arg(line + 1).arg(sel + 1 - rtfText->LineIndex(line));
     m.SetPanelText(3, pos);
     m.SetPanelText(4, Changed ? QStringLiteral("MODIFIED") : QStringLiteral("UNMODIFIED"));
     m.SetDocInfo(pos);
@@ -155,8 +168,7 @@ void frmDocument::rtfText_Change() {
 }
 
 void frmDocument::rtfText_MouseUp(int Button, int, int, int) {
-    if (Button == 2)
-        Host().PopupEditMenu(QCursor::pos());
+    if (Button == 2) Host().PopupEditMenu(QCursor::pos());
 }
 
 void frmDocument::rtfText_OLEDragDrop(const QStringList& files) {
@@ -165,7 +177,8 @@ void frmDocument::rtfText_OLEDragDrop(const QStringList& files) {
         QString backup = g_EditorSettings().Backup ? file + "~" : QString();
         if (!Host().OpenFileInNewDocument(file, backup, true, &error)) {
             // The rest of the list is left; the window made for this file stays.
-            cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\n" + error,
+            cDialogs::Get().MsgBox("An error occurred while you were trying to open a file:\n" +
+                                       error,
                                    MsgButtons::OK, MsgIcon::Critical, "File I/O Error");
             return;
         }
@@ -199,11 +212,56 @@ bool frmDocument::Form_QueryUnload(int unloadMode) {
         MsgButtons::YesNoCancel, MsgIcon::Question, "Save Changes?");
     if (r == MsgResult::Cancel) return true;
     if (r == MsgResult::Yes) {
-        // The save acts on the active document: make sure that is this one.
+        // The save acts on the active document: make sure that is this one. A save that
+        // failed (or whose file dialog was cancelled) keeps the window and its edits.
         Host().ActivateDocument(this);
-        Host().SaveActiveDocument();
+        if (!Host().SaveActiveDocument()) return true;
     }
     return false;
+}
+
+// ---------------------------------------------------------------- the file on disk
+
+void frmDocument::RememberDiskFile() {
+    diskFile_ = Tag;
+    diskIdentity_ = Tag.isEmpty() ? std::nullopt : ReadFileIdentity(ToBytes(Tag));
+}
+
+bool frmDocument::ChangedOnDisk() const {
+    // Only a file seen before can have changed; one that has gone is simply written anew.
+    if (Tag.isEmpty() || Tag != diskFile_ || !diskIdentity_) return false;
+    std::optional<FileIdentity> now = ReadFileIdentity(ToBytes(Tag));
+    return now && *now != *diskIdentity_;
+}
+
+bool frmDocument::MayOverwriteDiskFile() {
+    if (!ChangedOnDisk()) return true;
+    return cDialogs::Get().MsgBox("The file " + Tag +
+                                      " has been changed by another program since it was "
+                                      "opened. Overwrite it?",
+                                  MsgButtons::YesNo, MsgIcon::Exclamation,
+                                  "File Changed") == MsgResult::Yes;
+}
+
+void frmDocument::OfferReloadIfChangedOnDisk() {
+    if (Changed || codingInProgress_ || !ChangedOnDisk()) return;
+    // Asked once per change: the answer No keeps the text and takes the new file as known.
+    const bool reload = cDialogs::Get().MsgBox(
+                            "The file " + Tag +
+                                " has been changed by another program. Do you want to "
+                                "load it again?",
+                            MsgButtons::YesNo, MsgIcon::Question, "File Changed") == MsgResult::Yes;
+    if (!reload || !ReloadFromDisk()) RememberDiskFile();
+}
+
+bool frmDocument::ReloadFromDisk() {
+    if (!rtfText->LoadFile(Tag, 1, nullptr)) return false;
+    // The new text is coloured at once, as a load is.
+    ChangedHighLight = true;
+    ColorCode();
+    Changed = false;
+    RememberDiskFile();
+    return true;
 }
 
 void frmDocument::Form_Unload() {
@@ -236,7 +294,10 @@ void frmDocument::SetSyntax() {
     // that cannot be reached is an error; installed, the user's own folder is made first. A
     // shipped profile is only read, since an installed program's folder is not writable.
     const bool exists = QFileInfo::exists(path);
-    if (!exists && ProgramDataFolders().Installed()) path = DataFileToWrite(relative);
+    const QFileInfo profileFolder(QFileInfo(path).path());
+    if (!exists && (ProgramDataFolders().Installed() ||
+                    (profileFolder.isDir() && !profileFolder.isWritable())))
+        path = DataFileToWrite(relative);
     const QString folder = QFileInfo(path).path();
     QFile f(path);
     bool opened = QFileInfo(folder).isDir() && !QFileInfo(path).isDir() &&
@@ -255,6 +316,8 @@ void frmDocument::SetSyntax() {
     ReadProfile(std::string_view(bytes.constData(), size_t(bytes.size())), settings_);
     settings_.WordWrap = global.WordWrap;
     syntaxLoaded_ = true;
+    syntaxProfile_ = FromBytes(choice.profile);
+    if (Host().ActiveDocument() == this) Host().ShowSyntaxProfile(syntaxProfile_);
 }
 
 // ---------------------------------------------------------------- colouring
@@ -367,9 +430,9 @@ void frmDocument::CodePassage(int64_t first, int64_t last) {
     rtfText->SetRedraw(false);
     // The painter's own guard handles the flag from here; it must see it clear to start.
     int64_t from = std::min(first, last);
-    RunPainter([first, last, from](PaintContext& c) {
-        return ::CodePassage(c, first - from, last - from);
-    }, from, false);
+    RunPainter([first, last,
+                from](PaintContext& c) { return ::CodePassage(c, first - from, last - from); },
+               from, false);
     ChangedHighLight = false;
     codingInProgress_ = false;
     rtfText->SetRedraw(true);
@@ -390,15 +453,15 @@ void frmDocument::CommentBlock() {
     if (end != "\r\n") {
         // A block comment: the selection is wrapped once.
         int64_t s = rtfText->SelStart();
-        int64_t length = rtfText->SelLength() + int64_t(comment->DelimiterStart.size() +
-                                                         comment->DelimiterEnd.size());
+        int64_t length = rtfText->SelLength() +
+                         int64_t(comment->DelimiterStart.size() + comment->DelimiterEnd.size());
         rtfText->SetSelText(comment->DelimiterStart + rtfText->SelText() + comment->DelimiterEnd);
         CodePassage(s, s + length);
     } else {
         rtfText->SetRedraw(false);
-        LineCommandResult r = LineCommand(rtfText->TextView(), rtfText->SelStart(),
-                                          rtfText->SelLength(), LineStep::Prefix,
-                                          comment->DelimiterStart + " ");
+        LineCommandResult r =
+            LineCommand(rtfText->TextView(), rtfText->SelStart(), rtfText->SelLength(),
+                        LineStep::Prefix, comment->DelimiterStart + " ");
         rtfText->ApplyEdits(r.edits);
         rtfText->SetSelStart(r.selStart);
         rtfText->SetSelLength(r.selLength);
@@ -450,6 +513,8 @@ void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
 
 void frmDocument::rtfText_KeyPress(int& KeyAscii) {
     const EditorSettings& g = g_EditorSettings();
+    tmrLiveColour->start();
+    if (StepOverCloser(KeyAscii)) return;
     if (KeyAscii == 13) {
         // Auto-indent: the new line starts with as many spaces as this one. Tabs do not count.
         int64_t a = rtfText->LineIndex(rtfText->LineFromChar(rtfText->SelStart()));
@@ -465,17 +530,49 @@ void frmDocument::rtfText_KeyPress(int& KeyAscii) {
         static const char* const pairs[][2] = {{"{", "}"}, {"[", "]"}, {"(", ")"}, {"\"", "\""}};
         for (const auto& pair : pairs) {
             if (KeyAscii != pair[0][0]) continue;
+            const bool empty = rtfText->SelLength() == 0;
             rtfText->SetSelText(pair[0] + rtfText->SelText() + pair[1]);
             rtfText->SetSelStart(rtfText->SelStart() - 1);
+            if (empty) {
+                for (int64_t& at : autoClosers_) ++at; // the pair's closer went in before them too
+                autoClosers_.push_back(rtfText->SelStart());
+            } else
+                autoClosers_.clear();
             KeyAscii = 0;
             return;
         }
     }
     if (KeyAscii == 9) {
         if (rtfText->SelLength() == 0)
-            rtfText->SetSelText(g.RealTabs ? std::string("\t") : std::string(size_t(std::max<int>(g.TabWidth, 0)), ' '));
+            rtfText->SetSelText(g.RealTabs
+                                    ? std::string("\t")
+                                    : std::string(size_t(std::max<int>(g.TabWidth, 0)), ' '));
         KeyAscii = 0; // with a selection the block indent of KeyDown has done the work
     }
+}
+
+bool frmDocument::StepOverCloser(int& KeyAscii) {
+    const int64_t caret = rtfText->SelStart();
+    const bool printable = KeyAscii >= 32 && KeyAscii < 127;
+    if (rtfText->SelLength() != 0 || !printable) {
+        autoClosers_.clear();
+        return false;
+    }
+    // Pairs the caret has left are done with.
+    while (!autoClosers_.empty() && caret > autoClosers_.back()) autoClosers_.pop_back();
+    if (autoClosers_.empty()) return false;
+    const char typed = char(KeyAscii);
+    std::string_view next = rtfText->TextViewFrom(caret).substr(0, 1);
+    if (caret == autoClosers_.back() && next.size() == 1 && next[0] == typed &&
+        (typed == ')' || typed == ']' || typed == '}' || typed == '"')) {
+        rtfText->SetSelStart(caret + 1);
+        autoClosers_.pop_back();
+        KeyAscii = 0;
+        return true;
+    }
+    // The character goes in before every tracked closer and moves them along.
+    for (int64_t& at : autoClosers_) ++at;
+    return false;
 }
 
 void frmDocument::rtfText_KeyUp(int& KeyCode, int&) {

@@ -3,10 +3,13 @@
 // It owns its text and colours and a private copy of the syntax settings, so that documents
 // of different languages keep their own keyword lists.
 #include "base/EditorSettings.h"
+#include "base/FileIdentity.h"
 #include "editor/RichEdit.h"
 #include "editor/core/Painter.h"
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 #include <QString>
 #include <QWidget>
@@ -35,6 +38,8 @@ class frmDocument : public QWidget, public RichEditEvents {
     RichEdit* rtfText = nullptr;
     QLabel* lblColors = nullptr;
     QTimer* tmrChanges = nullptr;
+    // Recolours the line being typed a moment after the last key.
+    QTimer* tmrLiveColour = nullptr;
 
     // Full path of the file, empty for a new document.
     QString Tag;
@@ -44,6 +49,8 @@ class frmDocument : public QWidget, public RichEditEvents {
     // The window's own copy of the syntax settings.
     EditorSettings& Settings() { return settings_; }
     bool SyntaxLoaded() const { return syntaxLoaded_; }
+    // The name of the profile read by SetSyntax; empty when the global settings apply.
+    const QString& SyntaxProfile() const { return syntaxProfile_; }
     QMdiSubWindow* SubWindow() const;
 
     // Closes the window for the given reason; false when it stayed open.
@@ -55,6 +62,16 @@ class frmDocument : public QWidget, public RichEditEvents {
     void ReflectSettings();
     void RefreshDisplay();
     void Form_Activate();
+
+    // The file behind the document and other programs: what the file named by Tag is on
+    // disk is remembered at each load and save. Before a save over it, a change made since
+    // is confirmed with the user (false: leave the file alone); on activation, a changed
+    // file is offered for reading again when the document holds no unsaved edits.
+    void RememberDiskFile();
+    bool MayOverwriteDiskFile();
+    void OfferReloadIfChangedOnDisk();
+    // Reads the file named by Tag again and colours it; false when it could not be read.
+    bool ReloadFromDisk();
     void Form_GotFocus();
     void tmrChanges_Timer();
 
@@ -82,16 +99,25 @@ class frmDocument : public QWidget, public RichEditEvents {
     void resizeEvent(QResizeEvent* e) override;
 
   private:
+    bool ChangedOnDisk() const;
+    bool StepOverCloser(int& KeyAscii);
+    QString diskFile_;
+    // Where the closers of the bracket pairs that typing completed stand, innermost last,
+    // while the caret is inside them; typing such a closer right before it steps over it.
+    std::vector<int64_t> autoClosers_;
+    std::optional<FileIdentity> diskIdentity_;
+
     // Form_QueryUnload: true cancels the close.
     bool Form_QueryUnload(int unloadMode);
     // Runs a painter pass over this window's text from viewStart on and applies what it
     // painted; the pass counts positions from viewStart.
-    PassResult RunPainter(const std::function<PassResult(PaintContext&)>& pass,
-                          int64_t viewStart, bool showProgress);
+    PassResult RunPainter(const std::function<PassResult(PaintContext&)>& pass, int64_t viewStart,
+                          bool showProgress);
     void Form_Unload();
 
     EditorSettings settings_;
     bool codingInProgress_ = false;
+    QString syntaxProfile_;
     bool syntaxLoaded_ = false;
     bool unloaded_ = false;
     int pendingUnloadMode_ = vbFormControlMenu;

@@ -138,6 +138,7 @@ void ConvertToDos(frmDocument& doc) {
         return;
     }
     HourglassAssign(doc, ToDosLineEnds(text));
+    doc.rtfText->SetLineEnds(LineEndStyle::CrLf);
     cDialogs::Get().MsgBox("All linefeeds replaced with carriage return + linefeed sequences.",
                            MsgButtons::OK, MsgIcon::Information,
                            "File Converted from UNIX to DOS Format");
@@ -145,6 +146,7 @@ void ConvertToDos(frmDocument& doc) {
 
 void ConvertToUnix(frmDocument& doc) {
     HourglassAssign(doc, ToUnixLineEnds(doc.rtfText->TextView()));
+    doc.rtfText->SetLineEnds(LineEndStyle::Lf);
     cDialogs::Get().MsgBox("All carriage returns stripped.", MsgButtons::OK, MsgIcon::Information,
                            "File Converted from DOS to UNIX Format");
 }

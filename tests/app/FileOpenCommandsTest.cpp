@@ -2,6 +2,10 @@
 // checked with every other file dialog in FileExportCommandsTest.
 #include "app/FileCommandsFixture.h"
 
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QUrl>
 #include <filesystem>
 
 using FileOpenTest = FileCommandsFixture;
@@ -39,7 +43,7 @@ TEST_F(FileOpenTest, BackupOnOpenReplacesTheExtensionAndRecentFilesMakeNone) {
         std::string file = tmp.write(c.file, "line\nnext");
         dialogs.AnswerFile(Q(file));
         main->mnuFileOpen_Click();
-        EXPECT_EQ(ReadFileBytes(tmp.file(c.backup)), "line\r\nnext") << c.file;
+        EXPECT_EQ(ReadFileBytes(tmp.file(c.backup)), "line\nnext") << c.file;
         EXPECT_FALSE(FileExists(file + "~"));
     }
 
@@ -55,6 +59,35 @@ TEST_F(FileOpenTest, BackupOnOpenReplacesTheExtensionAndRecentFilesMakeNone) {
     EXPECT_FALSE(FileExists(tmp.file("recent.BAK")));
     EXPECT_FALSE(FileExists(file + "~"));
     EXPECT_EQ(main->RecentFiles, before); // the list does not move
+}
+
+TEST_F(FileOpenTest, FilesDroppedOnTheWindowOpenWithTildeBackupsUntilOneFails) {
+    g_EditorSettings().Backup = true;
+    std::string one = tmp.write("one.c", "int a;"), two = tmp.write("two.txt", "two");
+    auto drop = [&](QWidget* target, const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QPoint at(5, 5);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &enter);
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &drop);
+        Settle();
+    };
+    size_t before = OpenCount();
+    // The tab strip takes no drops of its own: the main window opens the files.
+    drop(main->tabFiles, {QUrl::fromLocalFile(Q(one)), QUrl::fromLocalFile(Q(two))});
+    ASSERT_EQ(OpenCount(), before + 2);
+    EXPECT_EQ(Doc()->Caption(), "two.txt");
+    EXPECT_EQ(ReadFileBytes(one + "~"), "int a;");
+    EXPECT_EQ(main->RecentFiles[1], Q(two));
+
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->MDIForm_OLEDragDrop({Q(tmp.file("missing.txt")), Q(one)});
+    EXPECT_EQ(Last().caption, "File I/O Error");
+    EXPECT_TRUE(
+        Last().text.startsWith("An error occurred while you were trying to open a file:\r\n"));
+    EXPECT_EQ(OpenCount(), before + 3); // the failed file's window stays; the rest is left
 }
 
 TEST_F(FileOpenTest, AFailedOpenReportsAndLeavesTheNewDocument) {
@@ -105,6 +138,22 @@ TEST_F(FileOpenTest, CloseAsksOnlyAboutChangedDocuments) {
     EXPECT_EQ(OpenCount(), 0u);
     main->mnuFileClose_Click(); // nothing open: nothing happens
     EXPECT_EQ(dialogs.asked.size(), 2u);
+
+    // Yes, but the save fails: the window and its edits stay, for a close and for the exit.
+    frmDocument* d = NewWithText("keep me");
+    d->Tag = Q(tmp.file("no/such/folder/k.txt"));
+    d->SetCaption("k.txt");
+    for (bool exit : {false, true}) {
+        dialogs.AnswerMsgBox(MsgResult::Yes).AnswerMsgBox(MsgResult::OK);
+        if (exit)
+            EXPECT_FALSE(main->close());
+        else
+            main->mnuFileClose_Click();
+        Settle();
+        EXPECT_EQ(Last().caption, "Kestrum"); // the save's own failure message
+        ASSERT_EQ(OpenCount(), 1u);
+        EXPECT_EQ(Text(d), "keep me");
+    }
 }
 
 TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
@@ -147,6 +196,17 @@ TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
     main->mnuEditReload_Click();
     EXPECT_EQ(Text(d), "changed on disk");
     EXPECT_EQ(dialogs.asked.size(), asked);
+
+    // What is read again is coloured at once, as a load is.
+    std::string source = tmp.write("r.c", "int x;");
+    dialogs.AnswerFile(Q(source));
+    main->mnuFileOpen_Click();
+    Settle();
+    frmDocument* c = Doc();
+    tmp.write("r.c", "void y;");
+    main->mnuEditReload_Click();
+    EXPECT_EQ(Text(c), "void y;");
+    EXPECT_NE(c->rtfText->SlotAt(0), ColorSlot::Text);
 }
 
 TEST_F(FileOpenTest, TheInsertCommandsPlaceTheFileAsEachPromises) {
@@ -182,4 +242,20 @@ TEST_F(FileOpenTest, TheInsertCommandsPlaceTheFileAsEachPromises) {
     dialogs.AnswerFile(Q(tmp.file("adir")));
     main->mnuEditInsertFile_Click();
     EXPECT_EQ(Text(d), "abX\r\nYcdef");
+}
+
+TEST_F(FileOpenTest, OpeningAnOpenFileShowsItsDocument) {
+    std::string file = tmp.write("once.txt", "once");
+    dialogs.AnswerFile(Q(file));
+    main->mnuFileOpen_Click();
+    Settle();
+    frmDocument* first = Doc();
+    NewWithText("other");
+    size_t open = OpenCount();
+    // Another road to the same file, by a different spelling of its path.
+    dialogs.AnswerFile(Q(tmp.path() + "./once.txt"));
+    main->mnuFileOpen_Click();
+    Settle();
+    EXPECT_EQ(OpenCount(), open);
+    EXPECT_EQ(Doc(), first);
 }

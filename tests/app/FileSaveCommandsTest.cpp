@@ -25,9 +25,38 @@ TEST_F(FileSaveTest, ANamedDocumentIsSavedWithoutADialog) {
     size_t asked = dialogs.asked.size();
     main->mnuFileSave_Click();
     EXPECT_EQ(dialogs.asked.size(), asked);
-    EXPECT_EQ(ReadFileBytes(tmp.file("named.txt")), "new text\r\nline two");
+    // The file had LF line ends, and keeps them.
+    EXPECT_EQ(ReadFileBytes(tmp.file("named.txt")), "new text\nline two");
     EXPECT_FALSE(d->Changed);
     EXPECT_EQ(main->RecentFiles[2], ""); // saving does not enter the recent list
+}
+
+TEST_F(FileSaveTest, EachFileIsWrittenBackWithItsOwnLineEnds) {
+    struct Case {
+        const char *name, *bytes, *saved;
+    } cases[] = {
+        {"dos.txt", "one\r\ntwo\r\n", "one\r\ntwo\r\n"},
+        {"unix.txt", "one\ntwo\n", "one\ntwo\n"},
+        {"mac.txt", "one\rtwo\r", "one\rtwo\r"},
+        {"mixed.txt", "one\ntwo\r\n", "one\r\ntwo\r\n"},
+    };
+    for (const Case& c : cases) {
+        std::string file = tmp.write(c.name, c.bytes);
+        dialogs.AnswerFile(Q(file));
+        main->mnuFileOpen_Click();
+        Settle();
+        EXPECT_EQ(Text(Doc()), "one\r\ntwo\r\n") << c.name; // the buffer holds CR LF
+        Doc()->Changed = true;
+        main->mnuFileSave_Click();
+        EXPECT_EQ(ReadFileBytes(file), c.saved) << c.name;
+    }
+    // UNIX -> DOS makes the document a CR LF one.
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuEditConvertToDOS_Click();
+    EXPECT_EQ(Doc()->rtfText->LineEnds(), LineEndStyle::CrLf);
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->mnuEditConvertToUnix_Click();
+    EXPECT_EQ(Doc()->rtfText->LineEnds(), LineEndStyle::Lf);
 }
 
 TEST_F(FileSaveTest, AnUntitledDocumentAsksForANameWithTheSaveDialog) {
@@ -139,4 +168,45 @@ TEST_F(FileSaveTest, SaveAllReportsAFailureOnceAndStops) {
     EXPECT_TRUE(bad->Changed);
     EXPECT_TRUE(good->Changed);
     EXPECT_EQ(ReadFileBytes(tmp.file("good.txt")), "as on disk\n");
+}
+
+TEST_F(FileSaveTest, AFileAnotherProgramChangedIsOverwrittenOnlyWhenTheUserSaysSo) {
+    frmDocument* d = OpenEdited("shared.txt", "mine");
+    std::string file = tmp.file("shared.txt");
+    // Another program writes a new file and moves it over the old one.
+    auto replace = [&](std::string_view text) {
+        tmp.write("other.tmp", text);
+        std::filesystem::rename(tmp.file("other.tmp"), file);
+    };
+    replace("theirs");
+    dialogs.AnswerMsgBox(MsgResult::No);
+    main->mnuFileSave_Click();
+    EXPECT_EQ(Last().caption, "File Changed");
+    EXPECT_EQ(Last().text, "The file " + Q(file) +
+                               " has been changed by another program since it was opened. "
+                               "Overwrite it?");
+    EXPECT_EQ(ReadFileBytes(file), "theirs");
+    EXPECT_TRUE(d->Changed);
+    dialogs.AnswerMsgBox(MsgResult::Yes);
+    main->mnuFileSave_Click();
+    EXPECT_EQ(ReadFileBytes(file), "mine");
+    // The program's own save is not a change by another program.
+    size_t asked = dialogs.asked.size();
+    d->rtfText->SetText("mine again");
+    main->mnuFileSave_Click();
+    EXPECT_EQ(dialogs.asked.size(), asked);
+
+    // Unchanged here, changed there: activation offers to read it again, once per change.
+    replace("theirs, later");
+    dialogs.AnswerMsgBox(MsgResult::No);
+    d->Form_Activate();
+    EXPECT_EQ(dialogs.asked.size(), asked + 1);
+    d->Form_Activate();
+    EXPECT_EQ(dialogs.asked.size(), asked + 1);
+    EXPECT_EQ(Text(d), "mine again");
+    replace("theirs, last");
+    dialogs.AnswerMsgBox(MsgResult::Yes);
+    d->Form_Activate();
+    EXPECT_EQ(Text(d), "theirs, last");
+    EXPECT_FALSE(d->Changed);
 }

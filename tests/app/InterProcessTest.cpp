@@ -61,7 +61,7 @@ TEST_F(InterProcessTest, LoadFileOpensTheFileInANewDocument) {
         EXPECT_EQ(main->RecentFiles[1].toStdString(), file);
         EXPECT_EQ(FileExists(file + "~"), c.backup);
         if (c.backup) {
-            EXPECT_EQ(ReadFileBytes(file + "~"), c.text);
+            EXPECT_EQ(ReadFileBytes(file + "~"), c.bytes); // the file's own line ends
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "components/FlipPane.h"
 #include "support/AppFixture.h"
 
+#include <QComboBox>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QToolBar>
@@ -81,7 +82,7 @@ TEST_F(MainWindowTest, CommandLineBackupAndFailures) {
     SaveSetting("Kestrum", "Settings", "Backup", "True");
     std::string file = tmp.write("a.c", "int x;\n");
     Start(QString::fromStdString(file));
-    EXPECT_EQ(ReadFileBytes(file + "~"), "int x;\r\n");
+    EXPECT_EQ(ReadFileBytes(file + "~"), "int x;\n"); // with the file's own line ends
     main->close();
     main.reset();
 
@@ -111,4 +112,59 @@ TEST_F(MainWindowTest, UserResetKeepsOnlyWhatTheCloseStepWrites) {
     EXPECT_NE(Setting("MainWidth"), "<none>");
     EXPECT_NE(Setting("RecentFile1"), "<none>");
     main.reset();
+}
+
+TEST_F(MainWindowTest, AnOpenedFileIsDrawnInTheDocumentWindow) {
+    std::string file = tmp.write("hello.c", "int main(void)\n{\n    return 0;\n}\n");
+    Start(QString::fromStdString(file));
+    main->show();
+    QApplication::processEvents();
+    frmDocument* doc = main->ActiveForm();
+    ASSERT_NE(doc, nullptr);
+    ASSERT_TRUE(doc->rtfText->isVisible());
+    // What the window shows, so that a widget lying over the text fails the test as well.
+    QWidget* view = doc->rtfText->viewport();
+    QWidget* top = main->childAt(main->mapFromGlobal(view->mapToGlobal(QPoint(40, 10))));
+    EXPECT_EQ(top, view) << "the text lies outside the window, or something covers it";
+    QImage shot = main->grab(QRect(view->mapTo(main.get(), QPoint(0, 0)), view->size())).toImage();
+    int dark = 0;
+    for (int y = 0; y < std::min(shot.height(), 80); ++y)
+        for (int x = 0; x < std::min(shot.width(), 300); ++x)
+            if (qGray(shot.pixel(x, y)) < 128) ++dark;
+    EXPECT_GT(dark, 20) << "no text drawn in a " << shot.width() << "x" << shot.height() << " view";
+    // The profile box names the profile the document colours with.
+    EXPECT_FALSE(doc->SyntaxProfile().isEmpty());
+    EXPECT_EQ(main->cboProfiles->currentText(), doc->SyntaxProfile());
+}
+
+TEST_F(MainWindowTest, DocumentWindowsStayInsideTheAreaAndArrangeAtAUsefulSize) {
+    Start();
+    main->show();
+    for (int i = 0; i < 5; ++i) NewDocument();
+    QApplication::processEvents();
+    QRect area(QPoint(0, 0), main->mdiArea->viewport()->size());
+    auto windows = main->mdiArea->subWindowList();
+    ASSERT_EQ(windows.size(), 6);
+    for (QMdiSubWindow* w : windows)
+        EXPECT_TRUE(area.contains(w->geometry())) << w->windowTitle().toStdString();
+
+    main->mnuWindowCascade_Click();
+    for (QMdiSubWindow* w : windows) {
+        EXPECT_TRUE(area.contains(w->geometry()));
+        EXPECT_GE(w->height(), area.height() / 2);
+    }
+    main->mnuWindowTileHorizontal_Click();
+    for (QMdiSubWindow* w : windows) {
+        EXPECT_EQ(w->width(), area.width());
+        EXPECT_EQ(w->x(), 0);
+    }
+    main->mnuWindowTileVertical_Click();
+    for (QMdiSubWindow* w : windows) EXPECT_EQ(w->height(), area.height());
+
+    // A smaller area pulls the windows back into view.
+    main->mnuWindowCascade_Click();
+    main->resize(main->width() - 200, main->height() - 150);
+    QApplication::processEvents();
+    QRect smaller(QPoint(0, 0), main->mdiArea->viewport()->size());
+    for (QMdiSubWindow* w : windows) EXPECT_TRUE(smaller.contains(w->geometry()));
 }

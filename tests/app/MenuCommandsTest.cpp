@@ -136,6 +136,12 @@ TEST_F(MenuCommandsTest, ToolbarItemsAndBandsAreRememberedAcrossStarts) {
     EXPECT_FALSE(main->Command("mnuViewToolbarsCompiler")->isChecked());
     EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
     EXPECT_TRUE(main->Command("mnuViewToolbarsEdit")->isChecked());
+    // Hidden and shown again through the bars' own context menu: the mark follows.
+    main->tbEdit->toggleViewAction()->trigger();
+    EXPECT_TRUE(main->tbEdit->isHidden());
+    EXPECT_FALSE(main->Command("mnuViewToolbarsEdit")->isChecked());
+    main->tbEdit->toggleViewAction()->trigger();
+    EXPECT_TRUE(main->Command("mnuViewToolbarsEdit")->isChecked());
 }
 
 TEST_F(MenuCommandsTest, WindowCommandsAndTabs) {

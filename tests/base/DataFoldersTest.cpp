@@ -26,7 +26,8 @@ TEST(DataFolders, ResolvedByLayoutAndEnvironment) {
         // Installed: the shipped data under the prefix, the user's own under XDG_DATA_HOME.
         {root + "usr/bin/", "/x/data", "/home/u", root + "usr/share/kestrum/", "/x/data/kestrum/"},
         {root + "usr/bin", "/x/data/", "/home/u", root + "usr/share/kestrum/", "/x/data/kestrum/"},
-        {root + "opt/bin/", "", "/home/u", root + "opt/lib/kestrum/", "/home/u/.local/share/kestrum/"},
+        {root + "opt/bin/", "", "/home/u", root + "opt/lib/kestrum/",
+         "/home/u/.local/share/kestrum/"},
         // A relative XDG_DATA_HOME is not a base directory.
         {root + "usr/bin/", "rel/data", "/home/u/", root + "usr/share/kestrum/",
          "/home/u/.local/share/kestrum/"},
@@ -37,6 +38,10 @@ TEST(DataFolders, ResolvedByLayoutAndEnvironment) {
         EXPECT_EQ(f.user, c.user) << c.program << " " << c.xdg;
         EXPECT_EQ(f.Installed(), c.shipped != c.user);
     }
+    // A build folder the user cannot write keeps the shipped data and sends writes home.
+    DataFolders ro = ResolveDataFolders(root + "bare/bin/", "", "/home/u", false);
+    EXPECT_EQ(ro.shipped, root + "bare/bin/");
+    EXPECT_EQ(ro.user, "/home/u/.local/share/kestrum/");
 }
 
 // The user's file shadows the shipped one; writes go to the user's folder; a listing holds

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 TEST(TextCodec, LineEndsBecomeCrLf) {
-    struct Case { std::string in, out; };
+    struct Case {
+        std::string in, out;
+    };
     for (auto& c : std::vector<Case>{{"a\nb", "a\r\nb"},
                                      {"a\rb", "a\r\nb"},
                                      {"a\r\nb", "a\r\nb"},
@@ -19,16 +21,19 @@ TEST(TextCodec, LineEndsBecomeCrLf) {
 }
 
 TEST(TextCodec, Utf8Validity) {
-    struct Case { std::string bytes; bool valid; };
+    struct Case {
+        std::string bytes;
+        bool valid;
+    };
     for (auto& c : std::vector<Case>{{"plain ascii text, long enough to pass the fast path", true},
                                      {"gr\xC3\xBC\xC3\x9F", true},
                                      {"\xE2\x82\xAC", true},
                                      {"\xF0\x9F\x98\x80", true},
-                                     {"caf\xE9", false},            // Latin-1
-                                     {"\xC0\xAF", false},           // overlong
-                                     {"\xED\xA0\x80", false},       // surrogate
-                                     {"\xF4\x90\x80\x80", false},   // above U+10FFFF
-                                     {"abcdefgh\xE2\x82", false},   // truncated at the end
+                                     {"caf\xE9", false},          // Latin-1
+                                     {"\xC0\xAF", false},         // overlong
+                                     {"\xED\xA0\x80", false},     // surrogate
+                                     {"\xF4\x90\x80\x80", false}, // above U+10FFFF
+                                     {"abcdefgh\xE2\x82", false}, // truncated at the end
                                      {"\x80", false}})
         EXPECT_EQ(IsValidUtf8(c.bytes), c.valid) << c.bytes;
 }
@@ -37,7 +42,7 @@ TEST(TextCodec, Utf8Validity) {
 TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
     const std::vector<std::string> texts = {
         "a\r\nb\rc\nd\r", "\r\r\n\n\r", "gr\xC3\xBC\xC3\x9F\r\n\xE2\x82\xAC\xF0\x9F\x98\x80",
-        "caf\xE9\n", "ok\xE2\x82", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80"};
+        "caf\xE9\n",      "ok\xE2\x82", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80"};
     for (const auto& t : texts) {
         for (size_t chunk = 1; chunk <= t.size(); ++chunk) {
             CrLfNormalizer norm;
@@ -52,5 +57,35 @@ TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
             EXPECT_EQ(out, ToCrLf(t)) << "chunk " << chunk;
             EXPECT_EQ(utf.Finish(), IsValidUtf8(t)) << "chunk " << chunk << " of " << t;
         }
+    }
+}
+
+// The style seen at load, in every chunking, and the way back to the file's own bytes.
+TEST(TextCodec, LineEndStyleIsSeenAndWrittenBack) {
+    struct Case {
+        std::string file;
+        LineEndStyle style;
+    } cases[] = {
+        {"a\r\nb\r\n", LineEndStyle::CrLf},
+        {"a\nb\n", LineEndStyle::Lf},
+        {"a\rb\r", LineEndStyle::Cr},
+        {"no line end", LineEndStyle::Lf},
+        {"", LineEndStyle::Lf},
+        {"a\r\nb\n", LineEndStyle::Mixed},
+        {"a\rb\r\n", LineEndStyle::Mixed},
+        {"\n\r", LineEndStyle::Mixed},
+    };
+    for (const Case& c : cases) {
+        for (size_t chunk = 1; chunk <= std::max<size_t>(c.file.size(), 1); ++chunk) {
+            CrLfNormalizer norm;
+            std::string buffer;
+            for (size_t p = 0; p < c.file.size(); p += chunk)
+                norm.Feed(std::string_view(c.file).substr(p, chunk), buffer);
+            norm.Finish(buffer);
+            EXPECT_EQ(norm.Style(), c.style) << c.file << " chunk " << chunk;
+        }
+        // A file of one style comes back byte for byte; a mixed one comes back as CR LF.
+        std::string back = FromCrLf(ToCrLf(c.file), c.style);
+        EXPECT_EQ(back, c.style == LineEndStyle::Mixed ? ToCrLf(c.file) : c.file) << c.file;
     }
 }

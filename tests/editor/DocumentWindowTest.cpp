@@ -112,7 +112,7 @@ TEST_F(DocumentWindowTest, DroppedFilesOpenEachInItsOwnWindowWithBackup) {
     EXPECT_EQ(docs[1]->Caption(), "a.txt");
     EXPECT_EQ(docs[1]->Tag.toStdString(), a);
     EXPECT_FALSE(docs[1]->Changed);
-    EXPECT_EQ(ReadFileBytes(a + "~"), "alpha\r\n");
+    EXPECT_EQ(ReadFileBytes(a + "~"), "alpha\n");
     EXPECT_EQ(docs[2]->rtfText->Text(), "int b;");
 
     // A file that cannot be read stops the list; its window stays.

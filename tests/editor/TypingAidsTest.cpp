@@ -53,6 +53,18 @@ TEST_F(TypingAidsTest, BracketsAndQuotesWrapTheSelection) {
     EXPECT_EQ(Edit()->SelLength(), 0);
     Type(")"); // a closer is just a character
     EXPECT_EQ(Edit()->Text(), "(x))");
+
+    // A closer typed right before the one that typing put in steps over it, once.
+    Edit()->SetText("");
+    Type("f(a)");
+    EXPECT_EQ(Edit()->Text(), "f(a)");
+    EXPECT_EQ(Edit()->SelStart(), 4);
+    Type(")");
+    EXPECT_EQ(Edit()->Text(), "f(a))");
+    Edit()->SetText("");
+    Type("s(\"x\")");
+    EXPECT_EQ(Edit()->Text(), "s(\"x\")");
+    EXPECT_EQ(Edit()->SelStart(), 6);
     g_EditorSettings().AutoBracers = false;
     Edit()->SetText("");
     Type("[");
