@@ -68,6 +68,6 @@ HelpFileResult WriteHelpFrameset(std::string_view appDir, std::string_view topic
 std::string HelpWriteFailureText(std::string_view error) {
     return "Kestrum's help system was unable to generate an index file (help.htm). Please "
            "ensure that the 'Help' subdirectory exists, and that it is not write-protected."
-           "\n\nError : " +
+           "\r\n\r\nError : " +
            std::string(error);
 }

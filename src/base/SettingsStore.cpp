@@ -207,7 +207,9 @@ std::string Decode(std::string_view s) {
 } // namespace settings_escape
 
 namespace settings_convert {
-std::string FromBool(bool v) { return v ? "True" : "False"; }
+std::string FromBool(bool v) {
+    return v ? "True" : "False";
+}
 
 static std::string_view Trim(std::string_view t) {
     while (!t.empty() && (t.front() == ' ' || t.front() == '\t')) t.remove_prefix(1);
@@ -240,8 +242,11 @@ std::optional<long long> ToInteger(std::string_view text) {
         return n;
     auto d = ToDouble(t);
     if (!d) return std::nullopt;
-    // Numbers with a fraction round to the nearest integer, halves to even.
-    return static_cast<long long>(std::nearbyint(*d));
+    // Numbers with a fraction round to the nearest integer, halves to even; a number beyond
+    // what the type holds (or not a number at all) is not one.
+    const double r = std::nearbyint(*d);
+    if (!(r >= -9.2e18 && r <= 9.2e18)) return std::nullopt;
+    return static_cast<long long>(r);
 }
 
 // Locale-independent: the store is the same file whatever the user's language.

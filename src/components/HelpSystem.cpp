@@ -1,18 +1,20 @@
 #include "components/HelpSystem.h"
 
+#include "base/HelpTopic.h"
 #include "base/qt/AppGlobals.h"
 #include "base/qt/DataPaths.h"
-#include "base/HelpTopic.h"
 #include "components/cDialogs.h"
 
 #include <QDesktopServices>
 #include <QUrl>
 
 namespace {
-std::function<void(const QString&)> opener;
+std::function<bool(const QString&)> opener;
 }
 
-void SetHelpOpenerForTesting(std::function<void(const QString&)> o) { opener = std::move(o); }
+void SetHelpOpenerForTesting(std::function<bool(const QString&)> o) {
+    opener = std::move(o);
+}
 
 void ShowHelpTopic(const QString& topic) {
     // The frameset is written to the user's Help folder; installed, that is not where the
@@ -22,8 +24,8 @@ void ShowHelpTopic(const QString& topic) {
     std::string pagesBase;
     if (folders.Installed()) {
         MakeUserDataFolder(folders, "Help");
-        pagesBase = ToBytes(QUrl::fromLocalFile(FromBytes(folders.shipped + "Help/"))
-                                .toString(QUrl::FullyEncoded));
+        pagesBase = ToBytes(
+            QUrl::fromLocalFile(FromBytes(folders.shipped + "Help/")).toString(QUrl::FullyEncoded));
     }
     HelpFileResult r = WriteHelpFrameset(appDir, ToBytes(topic), pagesBase);
     if (!r.ok) {
@@ -32,8 +34,12 @@ void ShowHelpTopic(const QString& topic) {
         return;
     }
     QString page = FromBytes(HelpFramesetPath(appDir));
-    if (opener)
-        opener(page);
-    else
-        QDesktopServices::openUrl(QUrl::fromLocalFile(page));
+    const bool shown = opener ? opener(page) : QDesktopServices::openUrl(QUrl::fromLocalFile(page));
+    // Without a browser the page was written for nothing: the user is told, as for a page
+    // that could not be written.
+    if (!shown)
+        cDialogs::Get().MsgBox(
+            FromBytes(HelpWriteFailureText("no program to show web pages could be started for " +
+                                           ToBytes(page))),
+            MsgButtons::OK, MsgIcon::Critical, FromBytes(kHelpBoxCaption));
 }

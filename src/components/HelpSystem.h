@@ -6,4 +6,5 @@
 
 void ShowHelpTopic(const QString& topic);
 // Tests replace the browser.
-void SetHelpOpenerForTesting(std::function<void(const QString& path)> opener);
+// The opener returns false when no program could show the page.
+void SetHelpOpenerForTesting(std::function<bool(const QString& path)> opener);

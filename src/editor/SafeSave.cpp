@@ -50,7 +50,7 @@ bool OverwriteInPlace(const QString& path, std::string_view bytes, QString* erro
     return false;
 }
 
-enum class Replace { Done, Failed, NoTemporary };
+enum class Replace { Done, Failed, NoTemporary, InPlace };
 
 // Through a temporary file beside the target, renamed over it once it is completely written.
 // The rename is atomic, so a full disk, a failed write or a killed process leaves the old file
@@ -69,6 +69,11 @@ Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QSt
     struct stat old {};
     bool exists = ::stat(targetName.constData(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) return fail(EISDIR);
+    // A file the user may not write is not replaced behind its back by a new one, even
+    // where the folder would allow that.
+    if (exists && ::access(targetName.constData(), W_OK) != 0) return fail(errno);
+    // A new file would leave the file's other names holding the old text.
+    if (exists && S_ISREG(old.st_mode) && old.st_nlink > 1) return Replace::InPlace;
     QFileInfo t(target);
     QByteArray tmp = QFile::encodeName(t.absolutePath() + "/." + t.fileName() + ".kestrum-XXXXXX");
     int fd = ::mkostemp(tmp.data(), O_CLOEXEC);
@@ -79,7 +84,8 @@ Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QSt
     // The new file takes the old one's permissions (and owner, where that is allowed).
     if (exists) {
         ::fchmod(fd, old.st_mode & 07777);
-        if (::fchown(fd, old.st_uid, old.st_gid) != 0) { /* not ours to give away */ }
+        if (::fchown(fd, old.st_uid, old.st_gid) != 0) { /* not ours to give away */
+        }
     } else {
         mode_t mask = ::umask(0);
         ::umask(mask);
@@ -87,7 +93,8 @@ Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QSt
     }
     int code = 0;
     for (size_t done = 0; done < bytes.size() && code == 0;) {
-        ssize_t n = ::write(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20));
+        ssize_t n =
+            ::write(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20));
         if (n > 0)
             done += size_t(n);
         else if (n < 0 && errno != EINTR)
@@ -116,6 +123,10 @@ bool SaveBytesSafely(const QString& path, std::string_view bytes, QString* error
         if (r == Replace::Failed) {
             if (error) *error = why;
             return false;
+        }
+        if (r == Replace::InPlace) {
+            QFileInfo info(path);
+            return OverwriteInPlace(info.canonicalFilePath(), bytes, error);
         }
     }
     // No new file beside the old one: an existing file can still be written in place.

@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMdiArea>
@@ -34,6 +35,7 @@ frmDocument::frmDocument(int16_t formIndex, QWidget* parent)
     lblColors = new QLabel(this);
     lblColors->setAlignment(Qt::AlignCenter);
     lblColors->setMinimumWidth(320);
+    setFocusPolicy(Qt::StrongFocus); // holds the focus while the editor is hidden
     rtfText = new RichEdit(this);
     rtfText->SetEvents(this);
     rtfText->raise(); // the label is seen only while the control is hidden
@@ -96,6 +98,12 @@ void frmDocument::Form_Resize() {
 void frmDocument::resizeEvent(QResizeEvent* e) {
     QWidget::resizeEvent(e);
     Form_Resize();
+}
+
+void frmDocument::focusInEvent(QFocusEvent* e) {
+    QWidget::focusInEvent(e);
+    // The window keeps the focus itself only while its editor is hidden for colouring.
+    if (rtfText->isVisible()) rtfText->setFocus(e->reason());
 }
 
 void frmDocument::ToggleWrap() {
@@ -386,17 +394,24 @@ void frmDocument::ColorCode() {
     bool changed = Changed;
     setCursor(Qt::BusyCursor);
     bool hide = rtfText->TextLength() > kHideWhileColouring;
-    if (hide)
+    if (hide) {
+        // The focus stays with this window while its editor is hidden: passed on, it would
+        // land in the next control (the profile box) and the user's keys would choose there.
+        // An activation meanwhile also finds this window itself ready to take it.
+        if (rtfText->hasFocus()) setFocus(Qt::OtherFocusReason);
         rtfText->setVisible(false);
-    else
+    } else {
         rtfText->SetRedraw(false);
+    }
     QPointer<frmDocument> self(this);
     RunPainter([](PaintContext& c) { return ::ColorCode(c); }, 0, hide);
     if (!self) return; // the window went while the pass yielded
-    if (hide)
+    if (hide) {
         rtfText->setVisible(true);
-    else
+        if (hasFocus()) rtfText->setFocus(Qt::OtherFocusReason);
+    } else {
         rtfText->SetRedraw(true);
+    }
     Host().RefreshStatus();
     Changed = changed;
     unsetCursor();

@@ -97,6 +97,7 @@ class frmDocument : public QWidget, public RichEditEvents {
   protected:
     void closeEvent(QCloseEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
+    void focusInEvent(QFocusEvent* e) override;
 
   private:
     bool ChangedOnDisk() const;

@@ -39,7 +39,7 @@ TEST(HelpFrameset, PathAndFailureText) {
     EXPECT_EQ(HelpWriteFailureText("Permission denied"),
               "Kestrum's help system was unable to generate an index file (help.htm). Please "
               "ensure that the 'Help' subdirectory exists, and that it is not write-protected."
-              "\n\nError : Permission denied");
+              "\r\n\r\nError : Permission denied");
 }
 
 namespace {

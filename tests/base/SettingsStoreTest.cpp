@@ -39,7 +39,8 @@ TEST_F(StoreTest, ValuesSurviveAReloadByteForByte) {
 }
 
 TEST_F(StoreTest, GetAllSettingsKeepsFirstWriteOrderAcrossRuns) {
-    for (auto k : {"ZIP", "ASP", "htm", "C"}) store.SaveSetting("Kestrum", "Syntax Associations", k, k);
+    for (auto k : {"ZIP", "ASP", "htm", "C"})
+        store.SaveSetting("Kestrum", "Syntax Associations", k, k);
     store.SaveSetting("Kestrum", "Syntax Associations", "asp", "again"); // update keeps position
     SettingsStore reread(dir.path() + "config");
     auto all = reread.GetAllSettings("Kestrum", "syntax associations");
@@ -78,9 +79,17 @@ TEST_F(StoreTest, AFailedWriteLeavesFileAndMemoryAsTheyWere) {
 
 TEST(SettingsConvert, TextToTypes) {
     using namespace settings_convert;
-    struct BoolCase { const char* text; std::optional<bool> want; };
-    for (auto c : std::vector<BoolCase>{{"True", true}, {"false", false}, {" TRUE ", true},
-                                        {"0", false}, {"-1", true}, {"2.5", true}, {"yes", {}},
+    struct BoolCase {
+        const char* text;
+        std::optional<bool> want;
+    };
+    for (auto c : std::vector<BoolCase>{{"True", true},
+                                        {"false", false},
+                                        {" TRUE ", true},
+                                        {"0", false},
+                                        {"-1", true},
+                                        {"2.5", true},
+                                        {"yes", {}},
                                         {"", {}}})
         EXPECT_EQ(ToBool(c.text), c.want) << c.text;
     EXPECT_EQ(ToInteger("-2147483640"), -2147483640LL); // exact, no float rounding
@@ -88,6 +97,8 @@ TEST(SettingsConvert, TextToTypes) {
     EXPECT_EQ(ToInteger("2.5"), 2);
     EXPECT_EQ(ToInteger("True"), -1);
     EXPECT_EQ(ToInteger("abc"), std::nullopt);
+    EXPECT_EQ(ToInteger("1e300"), std::nullopt); // beyond any integer: not one
+    EXPECT_EQ(ToInteger("-1e19"), std::nullopt);
     EXPECT_FLOAT_EQ(*ToSingle("10.5"), 10.5f);
     EXPECT_EQ(ToSingle("1,5"), std::nullopt);
     EXPECT_EQ(*ToSingle(FromSingle(1234.25f)), 1234.25f);

@@ -38,13 +38,13 @@ struct ToolRun {
 };
 
 // Runs the built kestrum-paint with the arguments, in the test data folder.
-ToolRun RunPaint(const std::vector<std::string>& args) {
+ToolRun RunPaint(const std::vector<std::string>& args, const std::string& output = {}) {
     TempDir dir;
     std::string cmd = "cd " + Quote(Env("KESTRUM_TEST_DATA") + "/paint") +
                       " && ASAN_OPTIONS=detect_leaks=0 " +
                       Quote(Env("KESTRUM_BUILD_DIR") + "/kestrum-paint");
     for (auto& a : args) cmd += " " + Quote(a);
-    cmd += " >" + Quote(dir.file("out")) + " 2>" + Quote(dir.file("err"));
+    cmd += " >" + Quote(output.empty() ? dir.file("out") : output) + " 2>" + Quote(dir.file("err"));
     int status = std::system(cmd.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFileBytes(dir.file("out")),
             ReadFileBytes(dir.file("err"))};
@@ -207,6 +207,10 @@ TEST(PaintCommand, ErrorExits) {
         EXPECT_TRUE(r.err.starts_with("kestrum-paint: ")) << r.err;
         EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << "one line: " << r.err;
     }
+    // Output that cannot be written is an error that says so.
+    ToolRun full = RunPaint({"sample.c"}, "/dev/full");
+    EXPECT_NE(full.exitCode, 0);
+    EXPECT_NE(full.err.find("No space left on device"), std::string::npos) << full.err;
 }
 
 // Without lists of its own the tool takes the profile of the file's extension, from the

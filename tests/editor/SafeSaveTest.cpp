@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -46,6 +47,23 @@ TEST_F(SafeSaveTest, ReplacesTheFileKeepingItsPermissionsAndLinks) {
     ASSERT_TRUE(Save(dir.file("fresh.txt"), ""));
     EXPECT_TRUE(FileExists(dir.file("fresh.txt")));
     EXPECT_EQ(Entries(), (std::vector<std::string>{"fresh.txt", "link.txt", "target.txt"}));
+}
+
+TEST_F(SafeSaveTest, HardLinksKeepSharingAndReadOnlyFilesAreRefused) {
+    std::string first = dir.write("first.txt", kOld);
+    fs::create_hard_link(first, dir.file("second.txt"));
+    ASSERT_TRUE(Save(first, "shared"));
+    EXPECT_EQ(ReadFileBytes(dir.file("second.txt")), "shared");
+    EXPECT_EQ(fs::hard_link_count(first), 2u);
+
+    // Permissions do not hold back the superuser; the refusal shows for anyone else.
+    if (::geteuid() == 0) GTEST_SKIP() << "run as root: write permission cannot be withheld";
+    std::string locked = dir.write("locked.txt", kOld);
+    ::chmod(locked.c_str(), 0444);
+    QString error;
+    EXPECT_FALSE(Save(locked, "new", &error));
+    EXPECT_EQ(error, "Permission denied");
+    EXPECT_EQ(ReadFileBytes(locked), kOld);
 }
 
 TEST_F(SafeSaveTest, PathsThatCannotBeFilesFailWithAReason) {

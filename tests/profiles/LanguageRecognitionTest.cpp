@@ -114,7 +114,10 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
 
     QStringList opened;
     std::filesystem::create_directories(tmp.path() + "app/Help");
-    SetHelpOpenerForTesting([&](const QString& p) { opened << p; });
+    SetHelpOpenerForTesting([&](const QString& p) {
+        opened << p;
+        return true;
+    });
     dlg.cmdHelp->click();
     ASSERT_EQ(opened.size(), 1);
     EXPECT_TRUE(ReadFileBytes(opened[0].toStdString()).find("util_language_setup.htm") !=
@@ -123,11 +126,23 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
 
 TEST_F(LanguageRecognitionTest, HelpThatCannotBeWrittenSaysSo) {
     Start();
-    SetHelpOpenerForTesting([](const QString&) { ADD_FAILURE() << "browser opened"; });
+    SetHelpOpenerForTesting([](const QString&) {
+        ADD_FAILURE() << "browser opened";
+        return true;
+    });
     dialogs.AnswerMsgBox(MsgResult::OK);
     main->Command("mnuHelpContents")->trigger(); // no Help folder in this program folder
     ASSERT_EQ(dialogs.asked.size(), 1u);
     EXPECT_EQ(dialogs.asked[0].caption, "Kestrum Help SubSystem");
+
+    // Written, but no browser to show it: told in the same box.
+    std::filesystem::create_directories(tmp.path() + "app/Help");
+    SetHelpOpenerForTesting([](const QString&) { return false; });
+    dialogs.AnswerMsgBox(MsgResult::OK);
+    main->Command("mnuHelpContents")->trigger();
+    ASSERT_EQ(dialogs.asked.size(), 2u);
+    EXPECT_EQ(dialogs.asked[1].caption, "Kestrum Help SubSystem");
+    EXPECT_TRUE(dialogs.asked[1].text.contains("\r\n\r\nError : no program to show web pages"));
 }
 
 TEST_F(LanguageRecognitionTest, SavingAProfileAsksForANameAndBeforeOverwriting) {

@@ -59,6 +59,8 @@ TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalReco
     CreateSyntaxAssocs(store, kApp);
     store.SaveSetting(kApp, kSyntaxAssocSection, "GZ", "Archive Profile");
     store.SaveSetting(kApp, kSyntaxAssocSection, "OFF", "no file assoc");
+    store.SaveSetting(kApp, kSyntaxAssocSection, "UP", "../../../../dev/zero");
+    store.SaveSetting(kApp, kSyntaxAssocSection, "DOTS", "..");
     struct Case {
         std::string path, ext;
         std::string profile; // empty: the global record
@@ -76,6 +78,9 @@ TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalReco
         {".profile", "profile", ""},
         {"/tmp/data.xyz", "xyz", ""},
         {"/tmp/switched.off", "off", ""},
+        // A value that would lead out of the profile folder names no file at all.
+        {"/tmp/a.up", "up", "/"},
+        {"/tmp/a.dots", "dots", "/"},
         // Dots in folder names count as well; such an "extension" has no row.
         {"/tmp/proj.v2/README", "v2/README", ""},
     };

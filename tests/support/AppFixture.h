@@ -1,19 +1,20 @@
 #pragma once
 // A fresh program for each test: its own settings folder and program folder, a main window
 // through its load step, and scripted dialogs.
-#include "base/qt/AppGlobals.h"
 #include "app/frmMain.h"
+#include "base/qt/AppGlobals.h"
+#include "components/HelpSystem.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempDir.h"
 
 #include <QApplication>
-#include <cstdlib>
-#include <filesystem>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -29,6 +30,8 @@ class AppFixture : public ::testing::Test {
                                   std::filesystem::copy_options::recursive);
         AppTitle() = "Kestrum";
         g_EditorSettings() = EditorSettings::Defaults();
+        // Help pages are never shown in a browser from a test.
+        SetHelpOpenerForTesting([](const QString&) { return true; });
     }
     void TearDown() override {
         if (main) {

@@ -1,14 +1,14 @@
 // kestrum-paint: colours a file as the editor does and prints the result as slot runs or as
 // a page. Exit 0 when done, 2 for a bad option or a file that cannot be read.
+#include "base/DataFolders.h"
+#include "base/MiscSubs.h"
+#include "base/SettingsStore.h"
+#include "base/TextCodec.h"
 #include "editor/core/PaintCommand.h"
 #include "editor/core/Painter.h"
-#include "base/TextCodec.h"
-#include "base/DataFolders.h"
-#include "base/SettingsStore.h"
 #include "profiles/core/KeywordListFile.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
-#include "base/MiscSubs.h"
 
 #include <unistd.h>
 
@@ -133,5 +133,7 @@ int main(int argc, char** argv) {
         written = Write(FormatRuns(slots));
     else if (command->format == PaintFormat::Html)
         written = Write(FormatHtml(text, slots, command->file));
-    return written && std::fflush(stdout) == 0 ? 0 : 1;
+    if (written && std::fflush(stdout) == 0) return 0;
+    // A full disk or a closed pipe: say so, rather than end with a bare status.
+    return Fail(std::string("cannot write the output: ") + std::strerror(errno));
 }

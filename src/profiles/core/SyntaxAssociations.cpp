@@ -178,6 +178,9 @@ SyntaxChoice ResolveSyntax(SettingsStore& store, std::string_view app, std::stri
     if (ext.empty()) return {};
     std::string value = store.GetSetting(app, kSyntaxAssocSection, ext, kNoFileAssoc);
     if (EqualsIgnoringCase(value, kNoFileAssoc)) return {};
+    // A profile is a file of the profile folder: a value that would lead out of it (a path,
+    // "." or "..") names no profile, so that reading it fails as for a missing one.
+    if (value.find('/') != std::string::npos || value == "." || value == "..") value = "/";
     return {false, std::move(value)};
 }
 
