@@ -1,8 +1,8 @@
 #include "app/frmMain.h"
 
 #include "app/KeyboardLocks.h"
-#include "app/ToolbarIcons.h"
 #include "app/SingleInstance.h"
+#include "app/ToolbarIcons.h"
 #include "app/core/WorkspaceFile.h"
 #include "base/PathHelpers.h"
 #include "base/qt/AppGlobals.h"
@@ -414,13 +414,23 @@ void frmMain::AddTab(const QString& key, const QString& caption) {
 
 void frmMain::RemoveTab(const QString& key) {
     if (int i = FindTab(key); i >= 0) tabFiles->removeTab(i);
+    // Once the closing window has gone, the title names the next document, or none.
+    QTimer::singleShot(0, this, [this] { UpdateTitle(); });
 }
 
 void frmMain::SetTabCaption(const QString& key, const QString& caption) {
     if (int i = FindTab(key); i >= 0) tabFiles->setTabText(i, caption);
+    UpdateTitle();
+}
+
+void frmMain::UpdateTitle() {
+    // The title names the document at work, as the task bar and window lists show it.
+    frmDocument* doc = ActiveForm();
+    setWindowTitle(doc ? doc->Caption() + " - " + AppTitle() : AppTitle());
 }
 
 void frmMain::SelectTab(const QString& key, const QString& toolTip) {
+    UpdateTitle();
     if (int i = FindTab(key); i >= 0) {
         QSignalBlocker block(tabFiles);
         tabFiles->setCurrentIndex(i);

@@ -324,6 +324,7 @@ class frmMain : public QMainWindow, public DocumentHost {
     void dropEvent(QDropEvent* e) override;
     void KeepWindowsInView();
     void RefreshLockPanels();
+    void UpdateTitle();
 
     std::array<QLabel*, 8> panels_{};
     QHash<QString, QAction*> commands_;

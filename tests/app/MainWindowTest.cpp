@@ -135,6 +135,10 @@ TEST_F(MainWindowTest, AnOpenedFileIsDrawnInTheDocumentWindow) {
     // The profile box names the profile the document colours with.
     EXPECT_FALSE(doc->SyntaxProfile().isEmpty());
     EXPECT_EQ(main->cboProfiles->currentText(), doc->SyntaxProfile());
+    EXPECT_EQ(main->windowTitle(), "hello.c - Kestrum");
+    doc->CloseWith(frmDocument::vbFormCode);
+    Settle();
+    EXPECT_EQ(main->windowTitle(), "Kestrum");
 }
 
 TEST_F(MainWindowTest, DocumentWindowsStayInsideTheAreaAndArrangeAtAUsefulSize) {

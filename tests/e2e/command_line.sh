@@ -7,7 +7,7 @@ printf 'int main() {\n  return 0;\n}\n' > "$WORK/hello world.c"
 "$KESTRUM" "$WORK/hello world.c" &
 PIDS+=($!)
 main_pid=$!
-win=$(wait_for_window "^Kestrum") || fail "no main window"
+win=$(wait_for_window "Kestrum$") || fail "no main window"
 [ -f "$XDG_CONFIG_HOME/Kestrum.ini" ] || fail "no settings written at start"
 grep -q '^First Load *= *False' "$XDG_CONFIG_HOME/Kestrum.ini" || fail "first load not recorded"
 
@@ -22,7 +22,7 @@ sed -i 's/^\[Settings\]/[Settings]\nBackup = True/' "$XDG_CONFIG_HOME/Kestrum.in
 "$KESTRUM" "\"$WORK/hello world.c\"" &
 PIDS+=($!)
 main_pid=$!
-wait_for_window "^Kestrum" >/dev/null || fail "no main window on the second start"
+wait_for_window "Kestrum$" >/dev/null || fail "no main window on the second start"
 for _ in $(seq 1 50); do [ -f "$WORK/hello world.c~" ] && break; sleep 0.2; done
 [ -f "$WORK/hello world.c~" ] || fail "the file named on the command line was not loaded"
 cmp -s "$WORK/hello world.c~" "$WORK/hello world.c" ||
@@ -37,7 +37,7 @@ sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
 "$KESTRUM" "$WORK/big.c" &
 PIDS+=($!)
 main_pid=$!
-wait_for_window "^Kestrum" >/dev/null || fail "no main window with the large file"
+wait_for_window "Kestrum$" >/dev/null || fail "no main window with the large file"
 kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM while colouring"
 [ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM while colouring"

@@ -5,14 +5,14 @@
 source "$(dirname "$0")/lib.sh"
 KESTRUM="$(realpath "$KESTRUM")" SEND="$(realpath "$2")"
 
-count_windows() { xdotool search --onlyvisible --name '^Kestrum' 2>/dev/null | wc -l; }
+count_windows() { xdotool search --onlyvisible --name 'Kestrum$' 2>/dev/null | wc -l; }
 
 # start_editor [ARGS...]: starts a first instance and waits for its window.
 start_editor() {
     "$KESTRUM" "$@" &
     PIDS+=($!)
     main_pid=$!
-    wait_for_window "^Kestrum" >/dev/null || fail "no main window"
+    wait_for_window "Kestrum$" >/dev/null || fail "no main window"
 }
 
 # later_start ARGS...: a later start must end by itself, with status 0.

@@ -7,9 +7,9 @@ source "$(dirname "$0")/lib.sh"
 # The load step runs before the main window shows, so a load error's box is the first window;
 # it is told from the main window (nine tenths of the screen, or maximised) by its width.
 width_of() { xdotool getwindowgeometry "$1" | sed -n 's/.*Geometry: \([0-9]*\)x.*/\1/p'; }
-wide_window() { # the id of a visible "Kestrum" window at least 800 pixels wide
+wide_window() { # the id of a visible "... Kestrum" window at least 800 pixels wide
     for _ in $(seq 1 50); do
-        for w in $(xdotool search --onlyvisible --name '^Kestrum$' 2>/dev/null); do
+        for w in $(xdotool search --onlyvisible --name 'Kestrum$' 2>/dev/null); do
             [ "$(width_of "$w")" -ge 800 ] && { echo "$w"; return 0; }
         done
         sleep 0.2
@@ -22,7 +22,7 @@ printf 'a.c\r\n%s\r\nb.c\r\n%s\r\n' "$WORK/a.c" "$WORK/missing.c" > "$WORK/broke
 "$KESTRUM" "$WORK/broken.KWS" &
 PIDS+=($!)
 main_pid=$!
-box=$(wait_for_window '^Kestrum$') || fail "no window at all"
+box=$(wait_for_window 'Kestrum$') || fail "no window at all"
 [ "$(width_of "$box")" -lt 800 ] || fail "no error box for the missing workspace entry"
 xdotool windowfocus --sync "$box" && xdotool key Return
 wide_window >/dev/null || fail "no main window after the error box"
@@ -36,7 +36,7 @@ PIDS+=($!)
 main_pid=$!
 wide_window >/dev/null || fail "no main window for the whole workspace"
 sleep 1
-[ "$(xdotool search --onlyvisible --name '^Kestrum$' | wc -l)" -eq 1 ] || fail "a box came up for a whole workspace"
+[ "$(xdotool search --onlyvisible --name 'Kestrum$' | wc -l)" -eq 1 ] || fail "a box came up for a whole workspace"
 kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM"
 echo "1 passed, 0 failed"
