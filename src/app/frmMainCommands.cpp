@@ -173,7 +173,11 @@ QAction* frmMain::Command(const QString& name) const {
 // ---------------------------------------------------------------- recent files
 
 void frmMain::CycleRecentFiles(const QString& name) {
-    for (int i = 4; i >= 1; --i) RecentFiles[size_t(i + 1)] = RecentFiles[size_t(i)];
+    // Each path stands once: one already listed moves to the top, the rest close up.
+    int last = 5;
+    for (int i = 1; i <= 5; ++i)
+        if (RecentFiles[size_t(i)] == name) last = i;
+    for (int i = last - 1; i >= 1; --i) RecentFiles[size_t(i + 1)] = RecentFiles[size_t(i)];
     RecentFiles[1] = name;
     RefreshRecentFiles();
 }
