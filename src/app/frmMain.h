@@ -96,6 +96,8 @@ class frmMain : public QMainWindow, public DocumentHost {
                                        QString* error) override;
     // Opens each dropped file in a document of its own; the first failure ends the list.
     void MDIForm_OLEDragDrop(const QStringList& files);
+    // False when the file looks binary and the user chose not to open it.
+    bool MayOpenAsText(const QString& path);
     frmDocument* LoadIntoNewDocument(const QString& path, const QString& backup, bool addToRecent,
                                      bool backupFirst, QString* error);
     void mnuFileExit_Click();

@@ -97,6 +97,18 @@ void OpenInHexEditor(const QString& path) {
 
 // ---------------------------------------------------------------- new, open, close
 
+bool frmMain::MayOpenAsText(const QString& path) {
+    // A NUL byte near the start marks a file that is not text; the editor can show it, but
+    // a save writes its line ends anew. The user decides.
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly) || !f.read(8192).contains('\0')) return true;
+    return cDialogs::Get().MsgBox("The file " + FileTitle(path) +
+                                      " holds NUL bytes, so it is probably not a text file. "
+                                      "Saving it may change it. Open it anyway?",
+                                  MsgButtons::YesNo, MsgIcon::Exclamation,
+                                  "Binary File") == MsgResult::Yes;
+}
+
 void frmMain::mnuFileOpen_Click() {
     FileDialogOptions& dlg = dlgCommonDialog;
     dlg.initDir = LastDir;
@@ -104,7 +116,7 @@ void frmMain::mnuFileOpen_Click() {
     SetOpenFlags(dlg);
     dlg.filter = kFileFilter;
     std::optional<QString> path = Show(dlg, false);
-    if (!path) return;
+    if (!path || !MayOpenAsText(*path)) return;
     // The backup holds the file as it was opened, under the name without its extension.
     QString backup;
     if (g_EditorSettings().Backup) backup = FromBytes(StripExtension(ToBytes(*path))) + ".BAK";
@@ -118,6 +130,7 @@ void frmMain::mnuFileRecent_Click(int index) {
     // The path is what the menu item shows.
     QAction* item = recentItems_[size_t(index)];
     QString path = item ? item->text() : RecentFiles[size_t(index)];
+    if (!MayOpenAsText(path)) return;
     QString error;
     if (!OpenFileInNewDocument(path, {}, false, &error)) ReportOpenFailure(error);
 }

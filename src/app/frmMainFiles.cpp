@@ -86,6 +86,7 @@ void frmMain::dropEvent(QDropEvent* e) {
 
 void frmMain::MDIForm_OLEDragDrop(const QStringList& files) {
     for (const QString& file : files) {
+        if (!MayOpenAsText(file)) continue;
         QString error;
         const QString backup = g_EditorSettings().Backup ? file + "~" : QString();
         frmDocument* doc = OpenFileInNewDocument(file, backup, true, &error);

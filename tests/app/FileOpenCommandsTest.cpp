@@ -259,3 +259,16 @@ TEST_F(FileOpenTest, OpeningAnOpenFileShowsItsDocument) {
     EXPECT_EQ(OpenCount(), open);
     EXPECT_EQ(Doc(), first);
 }
+
+TEST_F(FileOpenTest, AFileWithNulBytesOpensOnlyWhenTheUserSaysSo) {
+    std::string file = tmp.write("blob.bin", std::string("MZ\0\0\x01text", 8));
+    size_t open = OpenCount();
+    for (MsgResult answer : {MsgResult::No, MsgResult::Yes}) {
+        dialogs.AnswerFile(Q(file)).AnswerMsgBox(answer);
+        main->mnuFileOpen_Click();
+        Settle();
+        EXPECT_EQ(Last().caption, "Binary File");
+        EXPECT_EQ(OpenCount(), open + (answer == MsgResult::Yes ? 1 : 0));
+    }
+    EXPECT_EQ(Doc()->rtfText->TextLength(), 8);
+}
