@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -224,7 +225,7 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
     statusBar()->setVisible(flag("StatusBar", true));
     bool browserOpen = flag("FileBrowser", true), clipOpen = flag("ClipText", true);
     RestorePanes(browserOpen, clipOpen);
-    LastDir = GetSetting(app, "Settings", "LastDir", AppDir());
+    LastDir = GetSetting(app, "Settings", "LastDir", QDir::homePath() + "/");
 
     for (int i = 1; i <= 5; ++i)
         RecentFiles[size_t(i)] = GetSetting(app, "Settings", QStringLiteral("RecentFile%1").arg(i));

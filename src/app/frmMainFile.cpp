@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -109,9 +110,21 @@ bool frmMain::MayOpenAsText(const QString& path) {
                                   "Binary File") == MsgResult::Yes;
 }
 
+// Open and Save As start where the user is working: the active document's folder, else the
+// folder last used, else the home folder. The program's own folder means nothing to the user
+// of an installed copy.
+static QString DialogStartFolder(const frmDocument* active, const QString& lastDir) {
+    if (active && !active->Caption().startsWith(kUntitled) && !active->Tag.isEmpty()) {
+        QString folder = FolderOf(active->Tag);
+        if (QFileInfo(folder).isDir()) return folder;
+    }
+    if (!lastDir.isEmpty() && QFileInfo(lastDir).isDir()) return lastDir;
+    return QDir::homePath() + "/";
+}
+
 void frmMain::mnuFileOpen_Click() {
     FileDialogOptions& dlg = dlgCommonDialog;
-    dlg.initDir = LastDir;
+    dlg.initDir = DialogStartFolder(ActiveForm(), LastDir);
     dlg.title = QStringLiteral("Open");
     SetOpenFlags(dlg);
     dlg.filter = kFileFilter;
@@ -216,6 +229,8 @@ void frmMain::mnuFileSave_Click() {
         return;
     }
     FileDialogOptions& dlg = dlgCommonDialog;
+    // Save takes the folder the last dialog left, unless none has been shown yet.
+    if (dlg.initDir.isEmpty()) dlg.initDir = DialogStartFolder(nullptr, LastDir);
     dlg.title = QStringLiteral("Save");
     SetSaveFlags(dlg);
     dlg.filter = kFileFilter;
@@ -238,7 +253,7 @@ void frmMain::mnuFileSaveAs_Click() {
     frmDocument* doc = ActiveForm();
     if (!doc) return;
     FileDialogOptions& dlg = dlgCommonDialog;
-    dlg.initDir = LastDir;
+    dlg.initDir = DialogStartFolder(doc, LastDir);
     dlg.title = QStringLiteral("Save As");
     dlg.filter = kFileFilter;
     SetSaveFlags(dlg);
@@ -275,6 +290,7 @@ void frmMain::mnuFileSaveAll_Click() {
             if (ok) doc->RememberDiskFile();
         } else {
             FileDialogOptions& dlg = dlgCommonDialog;
+            if (dlg.initDir.isEmpty()) dlg.initDir = DialogStartFolder(nullptr, LastDir);
             dlg.title = "Save " + doc->Caption();
             dlg.filter = kFileFilter;
             std::optional<QString> path = Show(dlg, true);

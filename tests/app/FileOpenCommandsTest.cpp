@@ -3,6 +3,7 @@
 #include "app/FileCommandsFixture.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -29,6 +30,33 @@ TEST_F(FileOpenTest, OpenLoadsIntoANewDocumentAndRemembersTheFolder) {
     EXPECT_EQ(main->RecentFiles[1], Q(file));
     EXPECT_EQ(main->LastDir, Q(tmp.path() + "src/"));
     EXPECT_FALSE(FileExists(tmp.file("src/main.BAK")));
+}
+
+// Open and Save As start in the active document's folder, else the last folder, else home.
+TEST_F(FileOpenTest, TheFileDialogsStartWhereTheUserIsWorking) {
+    main->LastDir = Q(tmp.path() + "gone/");
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileOpen_Click();
+    EXPECT_EQ(Last().file.initDir, QDir::homePath() + "/");
+
+    std::string file = tmp.write("work/a.c", "a");
+    main->LastDir = Q(tmp.path());
+    dialogs.AnswerFile(Q(file));
+    main->mnuFileOpen_Click();
+    Settle();
+    main->LastDir = Q(tmp.path());
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileOpen_Click();
+    EXPECT_EQ(Last().file.initDir, Q(tmp.path() + "work/"));
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileSaveAs_Click();
+    EXPECT_EQ(Last().file.initDir, Q(tmp.path() + "work/"));
+
+    // An untitled document has no folder of its own.
+    NewWithText("draft");
+    dialogs.AnswerFile(std::nullopt);
+    main->mnuFileSaveAs_Click();
+    EXPECT_EQ(Last().file.initDir, Q(tmp.path()));
 }
 
 // The backup holds the text as loaded; its name depends on the command.

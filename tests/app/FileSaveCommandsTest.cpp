@@ -60,6 +60,7 @@ TEST_F(FileSaveTest, EachFileIsWrittenBackWithItsOwnLineEnds) {
 }
 
 TEST_F(FileSaveTest, AnUntitledDocumentAsksForANameWithTheSaveDialog) {
+    std::filesystem::create_directories(tmp.file("browsed"));
     main->LastDir = Q(tmp.path() + "browsed/");
     // The open dialog leaves its folder in the shared dialog; Save takes it as it stands.
     dialogs.AnswerFile(std::nullopt);
