@@ -3,6 +3,7 @@
 #include "editor/core/PaintCommand.h"
 #include "base/SettingsStore.h"
 #include "base/TextCodec.h"
+#include "editor/PaintHarness.h"
 #include "editor/ReferencePainter.h"
 #include "profiles/core/KeywordListFile.h"
 #include "profiles/core/ProfileFile.h"
@@ -86,10 +87,10 @@ std::string ReferenceRuns(const std::vector<std::string>& args) {
     return RunsOf(d);
 }
 
-// The reference painter's runs for a sample coloured with the shipped profile that the shipped
-// table gives its extension, read from the build's PROFILES/.
-std::string ReferenceRunsByExtension(const std::string& file) {
-    const std::string profile = DefaultProfileFor(SyntaxExtension(file));
+// The reference painter's runs for a sample coloured with a shipped profile (by default the
+// one that the shipped table gives its extension), read from the build's PROFILES/.
+std::string ReferenceRunsWithProfile(const std::string& file, std::string profile = {}) {
+    if (profile.empty()) profile = DefaultProfileFor(SyntaxExtension(file));
     EXPECT_FALSE(profile.empty()) << file;
     RefDocument d(ToCrLf(ReadFileBytes(DataFile(file))));
     ReadProfile(ReadFileBytes(Env("KESTRUM_BUILD_DIR") + "/PROFILES/" + profile), d.settings);
@@ -173,23 +174,82 @@ TEST(PaintCommand, GoldenOutputs) {
     }
 }
 
-// A sample of each language of today, coloured by the profile that the shipped table gives its
-// extension. Each has a comment with an apostrophe, which must not shift the strings behind it.
+// A sample of each shipped language, coloured by the profile that the shipped table gives its
+// extension (or by name, for a profile that no extension reaches). Each has a comment with an
+// apostrophe, which must not shift the strings behind it.
 TEST(PaintCommand, GoldenColouringsOfTheShippedLanguages) {
     TempDir home; // no user table or user profiles
     ::setenv("XDG_CONFIG_HOME", home.file("config").c_str(), 1);
     ::setenv("XDG_DATA_HOME", home.file("data").c_str(), 1);
-    for (const char* ext :
-         {"py",  "sh", "mk", "cmake", "js", "ts",    "json", "yaml", "toml",       "md",  "css",
-          "xml", "rs", "go", "cs",    "kt", "swift", "lua",  "rb",   "dockerfile", "diff"}) {
-        const std::string sample = std::string("langs/sample.") + ext;
-        ToolRun r = RunPaint({sample});
+    struct Sample {
+        const char* ext;
+        const char* profile = ""; // empty: by extension
+    };
+    const std::vector<Sample> samples = {
+        // Today's languages.
+        {"py"}, {"sh"}, {"mk"}, {"cmake"}, {"js"}, {"ts"}, {"json"}, {"yaml"}, {"toml"}, {"md"},
+        {"css"}, {"xml"}, {"rs"}, {"go"}, {"cs"}, {"kt"}, {"swift"}, {"lua"}, {"rb"},
+        {"dockerfile"}, {"diff"},
+        // The classic ones; REX is written to the COBOL profile last.
+        {"adb"}, {"aml"}, {"asm"}, {"asp"}, {"blu"}, {"c"}, {"ci"}, {"prg"}, {"cbl"}, {"src"},
+        {"ei"}, {"f90"}, {"html"}, {"java"}, {"b"}, {"lsp"}, {"rc"}, {"mod"}, {"bat"}, {"pas"},
+        {"sc"}, {"pl"}, {"php"}, {"pli"}, {"p"}, {"bas"}, {"rbl"}, {"rexx", "REXX Default Profile"},
+        {"st"}, {"sql"}, {"txt"}, {"v"}, {"vhd"}, {"ini"}};
+    std::set<std::string> covered;
+    for (const Sample& s : samples) {
+        const std::string sample = std::string("langs/sample.") + s.ext;
+        std::vector<std::string> args = {sample};
+        if (*s.profile) args.insert(args.begin(), {"--profile", s.profile});
+        ToolRun r = RunPaint(args);
         EXPECT_EQ(r.exitCode, 0) << sample << ": " << r.err;
         EXPECT_EQ(r.out, ReadFileBytes(DataFile(sample + ".runs"))) << sample;
-        EXPECT_EQ(r.out, ReferenceRunsByExtension(sample)) << sample;
+        EXPECT_EQ(r.out, ReferenceRunsWithProfile(sample, s.profile)) << sample;
+        covered.insert(*s.profile ? s.profile : DefaultProfileFor(s.ext));
     }
+    // Every shipped profile has its sample.
+    for (auto name : DefaultProfileNames()) EXPECT_TRUE(covered.contains(std::string(name))) << name;
     ::unsetenv("XDG_CONFIG_HOME");
     ::unsetenv("XDG_DATA_HOME");
+}
+
+// A pair reaches from its opener to the next closer anywhere behind it, so a pair that prose
+// can open leaves the code between two comments in its colour. For each comment pair of each
+// shipped profile: a comment with an apostrophe and an inch mark, a line with a plain word, and
+// a comment with another apostrophe; the word must stay plain text.
+TEST(PaintCommand, ProseInCommentsOfShippedProfilesLeavesTheCodeAlone) {
+    const std::string word = "quokka";
+    auto paint = [](const EditorSettings& profile, const std::string& text) {
+        PaintHarness h(text);
+        h.settings = profile;
+        EXPECT_EQ(ColorCode(h.ctx), PassResult::Done);
+        return h.Show();
+    };
+    int checked = 0;
+    for (auto name : DefaultProfileNames()) {
+        EditorSettings profile;
+        const std::string bytes =
+            ReadFileBytes(Env("KESTRUM_BUILD_DIR") + "/PROFILES/" + std::string(name));
+        ASSERT_EQ(ReadProfile(bytes, profile).status, ProfileReadStatus::Complete) << name;
+        // The word is no keyword of the profile.
+        ASSERT_EQ(paint(profile, word + "\r\n"), std::string(word.size() + 2, '0')) << name;
+        for (const DelimiterPair& d : profile.Delimiters) {
+            if (d.DelimiterColor != 1 || d.DelimiterStart.empty() || d.DelimiterEnd.empty())
+                continue;
+            // A comment that a double quote opens or closes cannot hold an inch mark.
+            const bool quoted = (d.DelimiterStart + d.DelimiterEnd).find('"') != std::string::npos;
+            auto comment = [&](const std::string& prose) {
+                const bool line = d.DelimiterEnd == "\r\n";
+                return d.DelimiterStart + " " + prose + (line ? "" : " " + d.DelimiterEnd) + "\r\n";
+            };
+            const std::string first = comment(quoted ? "don't buy a screen" : "don't buy a 5\" screen");
+            const std::string text = first + word + "\r\n" + comment("it's fine");
+            const std::string shown = paint(profile, text);
+            EXPECT_EQ(shown.substr(first.size(), word.size()), std::string(word.size(), '0'))
+                << name << ", comment " << d.DelimiterStart << "\n" << text << "\n" << shown;
+            ++checked;
+        }
+    }
+    EXPECT_GT(checked, 0);
 }
 
 TEST(PaintCommand, ErrorExits) {

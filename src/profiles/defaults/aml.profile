@@ -5,6 +5,10 @@ code-order: yes
 # The ARC Macro Language. Functions stand in square brackets; the entries keep the opening
 # bracket, because a bracket is no word boundary to the painter.
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] directives
 &args
 &call
@@ -117,7 +121,6 @@ nc
 .false.
 
 [delimiters]
-delimiter1  '    '
 delimiter1  "    "
 delimiter2  %    %
 comment     /*   \n

@@ -4,6 +4,9 @@ code-order: yes
 
 # x86 assembly in the MASM and TASM dialect.
 
+# Characters in single quotes get no pair: an apostrophe in a comment ("don't") would pair with
+# the next quote further down and colour all the code between as a string.
+
 [keywords 1] instructions
 mov
 movsx
@@ -183,5 +186,4 @@ ifndef
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     ;    \n

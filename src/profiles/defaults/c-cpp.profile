@@ -2,6 +2,9 @@ name: C and C++ Default Profile
 case-sensitive: yes
 code-order: yes
 
+# Character literals get no pair: an apostrophe in a comment ("don't") would pair with
+# the next quote further down and colour all the code between as a string.
+
 [keywords 1] statements and reserved words of C and C++
 auto
 break
@@ -141,6 +144,5 @@ defined
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     /*   */
 comment     //   \n

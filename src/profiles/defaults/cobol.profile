@@ -5,6 +5,10 @@ code-order: yes
 # The fixed-form comment, an asterisk in column 7, has no opener a plain search can find;
 # the inline comment "*>" is coloured.
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] divisions, sections and verbs
 IDENTIFICATION DIVISION
 ENVIRONMENT DIVISION
@@ -125,5 +129,4 @@ FALSE
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     *>   \n

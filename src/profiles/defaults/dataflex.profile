@@ -2,6 +2,10 @@ name: DataFlex Default Profile
 case-sensitive: no
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] commands and control flow
 if
 else
@@ -89,5 +93,4 @@ define
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     //   \n

@@ -2,6 +2,9 @@ name: Eiffel Default Profile
 case-sensitive: no
 code-order: yes
 
+# Character literals get no pair: an apostrophe in a comment ("don't") would pair with
+# the next quote further down and colour all the code between as a string.
+
 [keywords 1] reserved words
 across
 agent
@@ -88,5 +91,4 @@ or else
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     --   \n

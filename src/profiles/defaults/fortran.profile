@@ -5,6 +5,10 @@ code-order: yes
 # The fixed-form comment, a C or an asterisk in column 1, has no opener a plain search can
 # find; the "!" comment of FORTRAN 90 is coloured.
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] statements
 PROGRAM
 END
@@ -107,6 +111,5 @@ SHAPE
 .FALSE.
 
 [delimiters]
-delimiter1  '    '
-delimiter2  "    "
+delimiter1  "    "
 comment     !    \n

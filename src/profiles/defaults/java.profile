@@ -2,6 +2,9 @@ name: Java Default Profile
 case-sensitive: yes
 code-order: yes
 
+# Character literals get no pair: an apostrophe in a comment ("don't") would pair with
+# the next quote further down and colour all the code between as a string.
+
 [keywords 1] reserved words
 abstract
 assert
@@ -102,6 +105,5 @@ hashCode
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     /*   */
 comment     //   \n

@@ -2,6 +2,9 @@ name: Limbo Default Profile
 case-sensitive: yes
 code-order: yes
 
+# Character literals get no pair: an apostrophe in a comment ("don't") would pair with
+# the next quote further down and colour all the code between as a string.
+
 [keywords 1] statements and declarations
 alt
 break
@@ -67,6 +70,5 @@ PATH
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 delimiter2  `    `
 comment     #    \n

@@ -2,6 +2,10 @@ name: Modula2 Default Profile
 case-sensitive: yes
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] reserved words
 AND
 ARRAY
@@ -101,5 +105,4 @@ DEALLOCATE
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     (*   *)

@@ -2,6 +2,10 @@ name: Object Pascal Default Profile
 case-sensitive: no
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. So strings are not coloured.
+
 [keywords 1] reserved words
 and
 array
@@ -164,7 +168,6 @@ stored
 virtual
 
 [delimiters]
-delimiter1  '    '
 comment     {    }
 comment     (*   *)
 comment     //   \n

@@ -2,6 +2,10 @@ name: Perl 5 Default Profile
 case-sensitive: yes
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] statements and declarations
 if
 elsif
@@ -113,7 +117,6 @@ xor
 
 [delimiters]
 delimiter1  "        "
-delimiter2  '        '
 comment     =pod     =cut
 comment     =head1   =cut
 comment     =begin   =cut

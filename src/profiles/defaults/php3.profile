@@ -5,6 +5,10 @@ code-order: yes
 # PHP inside HTML. The shell-style comment mark is left out: in the HTML around the script
 # it starts colour values and anchors ("#ff0000", "#top").
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] language keywords
 if
 else
@@ -151,7 +155,6 @@ $PHP_SELF
 
 [delimiters]
 delimiter1  "      "
-delimiter2  '      '
 comment     <!--   -->
 comment     /*     */
 comment     //     \n

@@ -2,6 +2,10 @@ name: PL1 Default Profile
 case-sensitive: no
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] statements
 PROCEDURE
 PROC
@@ -123,6 +127,5 @@ CONDITION
 %DEACTIVATE
 
 [delimiters]
-delimiter1  '    '
-delimiter2  "    "
+delimiter1  "    "
 comment     /*   */

@@ -4,6 +4,10 @@ code-order: yes
 
 # The Progress 4GL.
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Strings in double quotes keep theirs.
+
 [keywords 1] statements
 DEFINE
 VARIABLE
@@ -134,5 +138,4 @@ CONTAINS
 
 [delimiters]
 delimiter1  "    "
-delimiter2  '    '
 comment     /*   */

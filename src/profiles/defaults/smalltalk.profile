@@ -4,6 +4,10 @@ code-order: yes
 
 # Comments stand in double quotes, strings in single ones.
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. So only the comments are coloured.
+
 [keywords 1] pseudo-variables and reserved identifiers
 self
 super
@@ -87,5 +91,4 @@ isNil
 notNil
 
 [delimiters]
-delimiter1  '    '
 comment     "    "

@@ -2,6 +2,10 @@ name: SQL Default Profile
 case-sensitive: no
 code-order: yes
 
+# Strings in single quotes get no pair: an apostrophe in a comment ("don't") would pair
+# with the next quote further down, colour all the code between as a string and every later
+# string as code. Quoted names keep their pair.
+
 [keywords 1] statements and clauses
 SELECT
 DISTINCT
@@ -109,7 +113,6 @@ ANY
 SOME
 
 [delimiters]
-delimiter1  '    '
 delimiter2  "    "
 comment     /*   */
 comment     --   \n
