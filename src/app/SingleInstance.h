@@ -11,14 +11,18 @@
 
 namespace SingleInstance {
 
-// The socket path for an application title.
+// The socket path of the channel of an application title: the one this process listens on,
+// else the first one a first instance would take (empty when there is no place for it).
 QString ChannelName(const QString& title);
 
 // True when a first instance of this user answers on the channel of this title.
 bool IsRunning(const QString& title);
 
 // Takes the channel's name for this process. A name left behind by a crashed instance is
-// removed first, but only when nobody answers on it. Returns false when it cannot listen.
+// removed first, but only when nobody answers on it; an empty folder of ours in its place too,
+// and anything else there moves the channel to another name. Returns false when it cannot
+// listen. Once listening, the channel outlives a shortage of descriptors and the loss of its
+// name: it accepts again, and takes its name again, as soon as it can.
 // The handler runs in the event loop (also in a modal dialog's), once per complete request.
 bool Listen(const QString& title, std::function<void(const QByteArray&)> onRequest);
 void Stop();
@@ -36,7 +40,14 @@ QByteArray LoadFileRequest(const QString& name);
 // Requests larger than this are refused and the connection dropped.
 constexpr qint64 kMaxRequest = 256LL << 20;
 
+// At most this many request connections are open at once; a new one beyond them drops the
+// oldest one whose request is not complete yet.
+constexpr int kMaxClients = 32;
+
 // A client that sends nothing for this long is dropped. Tests shorten it.
 void SetIdleClientTimeout(int ms);
+// A client whose request is not complete this long after it connected is dropped, however
+// steadily it sends. Tests shorten it.
+void SetRequestDeadline(int ms);
 
 } // namespace SingleInstance

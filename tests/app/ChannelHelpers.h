@@ -44,6 +44,7 @@ class ScopedRuntimeDir {
     ~ScopedRuntimeDir() {
         SingleInstance::Stop();
         SingleInstance::SetIdleClientTimeout(5000);
+        SingleInstance::SetRequestDeadline(10000);
         qputenv("XDG_RUNTIME_DIR", old_);
     }
 

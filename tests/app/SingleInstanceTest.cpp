@@ -3,11 +3,13 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QLocalServer>
 #include <QtEndian>
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -126,6 +128,100 @@ TEST_F(ChannelTest, ASilentClientBlocksNobodyAndIsDropped) {
     EXPECT_EQ(received.size(), 1u);
 }
 
+TEST_F(ChannelTest, ATricklingClientIsDroppedAtItsDeadline) {
+    SingleInstance::SetRequestDeadline(600);
+    auto s = RawClient({});
+    const QByteArray bytes = Framed(QByteArray(40, 'x'), 100); // never complete
+    QElapsedTimer t;
+    t.start();
+    // One byte every 100 ms, well inside the idle time.
+    for (int i = 0; s->state() == QLocalSocket::ConnectedState && t.elapsed() < 3000; ++i) {
+        QTest::qWait(100);
+        s->write(bytes.mid(i, 1));
+        s->flush();
+    }
+    EXPECT_TRUE(WaitDropped(*s, 100));
+    EXPECT_GE(t.elapsed(), 400);
+    EXPECT_LT(t.elapsed(), 2500);
+    EXPECT_TRUE(received.empty());
+    ExpectServed("MAKEFILEafter");
+}
+
+TEST_F(ChannelTest, BeyondTheCapTheOldestWaitingClientMakesRoom) {
+    SingleInstance::SetIdleClientTimeout(60000);
+    std::vector<std::unique_ptr<QLocalSocket>> clients;
+    for (int i = 0; i < SingleInstance::kMaxClients + 3; ++i) {
+        clients.push_back(RawClient(i == 1 ? Framed("MAK", 8) : QByteArray()));
+        QTest::qWait(5);
+    }
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(WaitDropped(*clients[size_t(i)], 3000)) << i;
+    QTest::qWait(50);
+    for (size_t i = 3; i < clients.size(); ++i)
+        EXPECT_EQ(clients[i]->state(), QLocalSocket::ConnectedState) << i;
+    clients.resize(5); // room for the sender below
+    ExpectServed("MAKEFILEstill served");
+}
+
+// Open descriptors of this process.
+int OpenDescriptors() {
+    return int(QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size());
+}
+
+// A soft limit on descriptors for the life of the object.
+class DescriptorLimit {
+  public:
+    explicit DescriptorLimit(rlim_t soft) {
+        ::getrlimit(RLIMIT_NOFILE, &old_);
+        rlimit lowered = old_;
+        lowered.rlim_cur = soft;
+        ok_ = ::setrlimit(RLIMIT_NOFILE, &lowered) == 0;
+    }
+    ~DescriptorLimit() { ::setrlimit(RLIMIT_NOFILE, &old_); }
+    bool Ok() const { return ok_; }
+
+  private:
+    rlimit old_{};
+    bool ok_ = false;
+};
+
+// Clients that connect and send nothing until the process has no descriptor left, so that
+// the channel cannot accept them, and then go away, as a client that opens and closes
+// connections faster than they are served.
+TEST_F(ChannelTest, RunningOutOfDescriptorsDoesNotEndTheChannel) {
+    const QString name = SingleInstance::ChannelName(kTitle);
+    const std::string path = QFile::encodeName(name).toStdString();
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    path.copy(addr.sun_path, sizeof addr.sun_path - 1);
+    DescriptorLimit limit(rlim_t(OpenDescriptors() + 24));
+    ASSERT_TRUE(limit.Ok());
+    for (int round = 0; round < 2; ++round) {
+        SCOPED_TRACE(round);
+        std::vector<int> clients;
+        for (int fd; (fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0)) >= 0;) {
+            clients.push_back(fd);
+            EXPECT_EQ(::connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+        }
+        ASSERT_GE(clients.size(), 10u);
+        QTest::qWait(300); // the channel tries to accept them with no descriptor to spare
+        for (int fd : clients) ::close(fd);
+        QTest::qWait(100);
+        EXPECT_TRUE(QFile::exists(name)) << "the name was given up";
+        ExpectServed("MAKEFILEafter the shortage");
+    }
+}
+
+TEST_F(ChannelTest, ANameThatGoesIsTakenAgain) {
+    const QString name = SingleInstance::ChannelName(kTitle);
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(QFile::remove(name));
+        EXPECT_FALSE(SingleInstance::IsRunning(kTitle));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return SingleInstance::IsRunning(kTitle); }, 5000));
+        EXPECT_EQ(SingleInstance::ChannelName(kTitle), name);
+        ExpectServed("ABORTCMD");
+    }
+}
+
 TEST_F(ChannelTest, TheChannelMayBeStoppedOrReplacedInsideTheHandler) {
     // As when the window closes in a dialog that the handler opened: the request was handled,
     // nobody is left to acknowledge it, and nothing breaks.
@@ -201,6 +297,80 @@ TEST(ChannelStartTest, ALiveInstanceKeepsItsName) {
     QLocalSocket probe;
     probe.connectToServer(SingleInstance::ChannelName(kTitle));
     EXPECT_TRUE(probe.waitForConnected(2000)) << "the live instance lost its name";
+}
+
+// Something other than a socket under the name: an empty folder of ours goes, anything else
+// moves the channel to another name, which the sender finds as well.
+TEST(ChannelStartTest, AThingInTheWayIsRemovedOrPassedBy) {
+    struct Case {
+        const char* what;
+        std::function<void(const QString&)> prepare;
+        bool sameName;
+    } cases[] = {
+        {"an empty folder", [](const QString& p) { QDir().mkdir(p); }, true},
+        {"a folder with a file",
+         [](const QString& p) {
+             QDir().mkdir(p);
+             QFile(p + "/keep").open(QIODevice::WriteOnly);
+         },
+         false},
+        {"a file with text",
+         [](const QString& p) {
+             QFile f(p);
+             f.open(QIODevice::WriteOnly);
+             f.write("x");
+         },
+         false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        ScopedRuntimeDir runtime;
+        const QString first = SingleInstance::ChannelName(kTitle);
+        c.prepare(first);
+        QByteArray got;
+        ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) { got = r; }));
+        EXPECT_EQ(SingleInstance::ChannelName(kTitle) == first, c.sameName);
+        EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
+        ThreadedSend send(kTitle, "ABORTCMD");
+        ASSERT_TRUE(send.Wait());
+        EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
+        EXPECT_EQ(got, "ABORTCMD");
+        SingleInstance::Stop();
+        EXPECT_EQ(QFileInfo::exists(first), !c.sameName) << "what was not ours stays";
+    }
+}
+
+// Without a runtime folder, the name is in a folder that only this user may enter, never
+// directly in the shared temporary folder; one left open to others is not used.
+TEST(ChannelStartTest, WithoutARuntimeFolderTheNameIsPrivate) {
+    TempDir tmp;
+    const QByteArray oldRuntime = qgetenv("XDG_RUNTIME_DIR"), oldTmp = qgetenv("TMPDIR");
+    qunsetenv("XDG_RUNTIME_DIR");
+    qputenv("TMPDIR", QByteArray::fromStdString(tmp.path()));
+    const QString open =
+        QString::fromStdString(tmp.path()) + kTitle + "-" + QString::number(::getuid());
+    for (bool openFolderFirst : {false, true}) {
+        SCOPED_TRACE(openFolderFirst);
+        if (openFolderFirst) {
+            SingleInstance::Stop();
+            QDir(open).removeRecursively();
+            QDir().mkdir(open);
+            QFile::setPermissions(open, QFileDevice::Permissions(0x7777));
+        }
+        ASSERT_TRUE(SingleInstance::Listen(kTitle, [](const QByteArray&) {}));
+        const QFileInfo name(SingleInstance::ChannelName(kTitle));
+        const QFileInfo folder(name.absolutePath());
+        EXPECT_NE(folder.absoluteFilePath() + "/", QString::fromStdString(tmp.path()));
+        EXPECT_EQ(folder.absoluteFilePath() == open, !openFolderFirst);
+        EXPECT_EQ(folder.permissions() & 0x0077, 0) << "others may enter";
+        EXPECT_EQ(folder.ownerId(), ::getuid());
+        ThreadedSend send(kTitle, "ABORTCMD");
+        ASSERT_TRUE(send.Wait());
+        EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
+    }
+    SingleInstance::Stop();
+    qputenv("XDG_RUNTIME_DIR", oldRuntime);
+    qputenv("TMPDIR", oldTmp);
 }
 
 TEST(LoadFileRequestTest, ARelativeNameIsTakenFromTheWorkingFolder) {
