@@ -1,5 +1,6 @@
 // kestrum-do: the editor's own commands on a file, without a window.
 #include "app/cli/DoFrame.h"
+#include "filetools/FileToolsDoCommands.h"
 #include "printing/PrintDoCommands.h"
 #include "search/SearchDoCommands.h"
 #include "transforms/TransformDoCommands.h"
@@ -16,6 +17,7 @@ std::vector<DoCommand> AllCommands() {
     for (DoCommand& c : SearchDoCommands()) all.push_back(std::move(c));
     for (DoCommand& c : TransformDoCommands()) all.push_back(std::move(c));
     for (DoCommand& c : PrintDoCommands()) all.push_back(std::move(c));
+    for (DoCommand& c : FileToolsDoCommands()) all.push_back(std::move(c));
     return all;
 }
 
@@ -23,10 +25,12 @@ QtMessageHandler g_qtHandler = nullptr;
 
 // Scripts read stderr line by line (a usage error is one line). Qt's note that it falls back
 // to a runtime folder of its own, written on every start where XDG_RUNTIME_DIR is unset, says
-// nothing about the run, so it is dropped; every other Qt message goes through.
+// nothing about the run, so it is dropped, as is the offscreen platform's note on a window shown
+// (the results window of `compare`); every other Qt message goes through.
 void FilterQtMessages(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (type == QtWarningMsg && text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
         return;
+    if (text == QLatin1String("This plugin does not support propagateSizeHints()")) return;
     g_qtHandler(type, context, text);
 }
 
