@@ -3,6 +3,7 @@
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 // Rows as "pair icon text1|text2", one string per row.
@@ -65,12 +66,16 @@ TEST(LockStepCompare, UnreadableSideIsEmptyAndEndsAfterOnePair) {
 
     TempDir dir;
     const std::string one = dir.write("one", "x\ny\n");
-    // A folder, a missing file, the file against itself.
+    const std::string fifo = dir.file("fifo");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    // A folder, a missing file, a device, a pipe nobody writes to, the file against itself.
     struct Case {
         std::string second;
         std::vector<std::string> rows;
     } cases[] = {{dir.path(), {"1 1 x|"}},
                  {dir.file("missing"), {"1 1 x|"}},
+                 {"/dev/zero", {"1 1 x|"}},
+                 {fifo, {"1 1 x|"}},
                  {one, {"1 2 x|x", "2 2 y|y"}}};
     for (const auto& c : cases) EXPECT_EQ(Rows(CompareFiles(one, c.second, {})), c.rows) << c.second;
 }

@@ -92,10 +92,14 @@ void CompareLockStep(ComparisonResult& result, bool readable1, bool readable2,
 
 bool ReadFileForComparison(const std::string& path, std::string& out) {
     out.clear();
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    // Opened without blocking, so a named pipe with no writer can't hold the comparison up;
+    // a device (a terminal, /dev/zero) is no text file and counts as unreadable.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return false;
     struct stat st {};
-    bool ok = ::fstat(fd, &st) == 0 && !S_ISDIR(st.st_mode);
+    bool ok = ::fstat(fd, &st) == 0 && !S_ISDIR(st.st_mode) && !S_ISCHR(st.st_mode) &&
+              !S_ISBLK(st.st_mode);
+    if (ok) ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
     // Read straight into the string sized by the file; a file that grows, or one whose size
     // says nothing (a pipe), goes on through a small buffer.
     size_t used = 0;

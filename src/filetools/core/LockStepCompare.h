@@ -46,7 +46,8 @@ void CompareLockStep(ComparisonResult& result, bool readable1, bool readable2,
 ComparisonResult CompareFiles(const std::string& path1, const std::string& path2,
                               const CompareOptions& options);
 
-// Reads a whole regular file; false for a folder or any failure (out is then empty).
+// Reads a whole file; false for a folder, a device or any failure (out is then empty). A named
+// pipe is read to its end without waiting for a writer to open it.
 bool ReadFileForComparison(const std::string& path, std::string& out);
 
 // The texts are equal under the options' case rule (ASCII letters fold when not sensitive).
