@@ -23,9 +23,14 @@ struct FileView::Shared {
 };
 
 namespace {
+QString DecodePath(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+// A row's text. A newline or other control character in a name would break the row, so it
+// shows as "?"; the row's path keeps the name as it is, so that it still opens.
 QString Decode(const std::string& name) {
-    QString s = QFile::decodeName(QByteArray::fromStdString(name));
-    // A newline or other control character in a name would break the row; show it as "?".
+    QString s = DecodePath(name);
     for (QChar& c : s)
         if (c.unicode() < 0x20) c = u'?';
     return s;
@@ -47,14 +52,16 @@ bool BuildRows(const std::string& folder, const ListingOptions& options, const s
     FolderListing l = ListFolder(folder, options);
     if (!l.ok) return false;
     for (const Drive& d : DrivesFrom(ReadMounts(), home, user))
-        rows.push_back({Decode(d.text), kImageDrive, Decode(d.path)});
+        rows.push_back({Decode(d.text), kImageDrive, DecodePath(d.path)});
     const std::string parent = ParentFolder(folder);
-    if (!parent.empty()) rows.push_back({Decode(ParentRowText(parent)), kImageParent, Decode(parent)});
+    if (!parent.empty())
+        rows.push_back({Decode(ParentRowText(parent)), kImageParent, DecodePath(parent)});
     const std::string base = WithSlash(folder);
     rows.reserve(rows.size() + l.folders.size() + l.files.size());
-    for (const std::string& f : l.folders) rows.push_back({Decode(f), kImageFolder, Decode(base + f)});
+    for (const std::string& f : l.folders)
+        rows.push_back({Decode(f), kImageFolder, DecodePath(base + f)});
     for (const std::string& f : l.files)
-        rows.push_back({Decode(f), FileImageIndex(f), Decode(base + f)});
+        rows.push_back({Decode(f), FileImageIndex(f), DecodePath(base + f)});
     return true;
 }
 } // namespace

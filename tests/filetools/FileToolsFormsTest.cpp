@@ -14,6 +14,7 @@
 #include <QTreeView>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 // The rows below the drives, as "image text".
@@ -95,6 +96,29 @@ TEST_F(FileToolsForms, FileViewListsAndNavigates) {
     v.SetPattern("*.htm");
     WaitForListing(v);
     EXPECT_EQ(RowsBelowDrives(v), Join({"2 .. [" + parent + "]", "1 Alpha", "1 sub", "9 b.HTM"}));
+}
+
+TEST_F(FileToolsForms, FileViewOddEntries) {
+    const std::string tree = tmp.file("odd/");
+    ::mkdir(tree.c_str(), 0755);
+    tmp.write("odd/new\nline.txt", "x");
+    ::symlink("loop", (tree + "loop").c_str());    // a link to itself
+    ::symlink(".", (tree + "again").c_str());      // a folder that holds itself
+    const QString root = QString::fromStdString(tree).chopped(1);
+    FileView v;
+    WaitForListing(v);
+    v.SetPath(root);
+    WaitForListing(v);
+    ASSERT_EQ(v.Path(), root);
+    // The loop is skipped; the self-holding folder is a folder like any other.
+    EXPECT_EQ(RowsBelowDrives(v), Join({"2 .. [" + QString::fromStdString(ParentFolder(tree)) + "]",
+                                        "1 again", "6 new?line.txt"}));
+    // The newline shows as "?" but the double click hands on the real path.
+    QSignalSpy files(&v, &FileView::FileDblClick);
+    v.lvFiles->setCurrentIndex(v.model->index(int(v.model->Rows().size()) - 1));
+    v.lvFiles_DblClick();
+    ASSERT_EQ(files.size(), 1);
+    EXPECT_EQ(files[0][0].toString(), root + "/new\nline.txt");
 }
 
 TEST_F(FileToolsForms, CompareDialogStoresPathsAndShowsRows) {
