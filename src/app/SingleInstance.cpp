@@ -12,6 +12,7 @@
 #include <QtEndian>
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <sys/socket.h>
@@ -387,11 +388,18 @@ bool SendToProcess(const QString& title, const QByteArray& request, int timeoutM
     return true;
 }
 
-QByteArray LoadFileRequest(const QString& name) {
-    QString path = name;
-    if (!name.trimmed().isEmpty() && QDir::isRelativePath(name))
-        path = QDir::current().absoluteFilePath(name);
-    return "LOADFILE" + path.toUtf8();
+QByteArray LoadFileRequest(const QByteArray& name) {
+    QByteArray path = name;
+    if (!name.trimmed().isEmpty() && !name.startsWith('/')) {
+        // The working folder as bytes as well: it may hold a name that is not UTF-8 too.
+        if (char* cwd = ::getcwd(nullptr, 0)) {
+            QByteArray folder(cwd);
+            std::free(cwd);
+            if (!folder.endsWith('/')) folder += '/';
+            path = folder + name;
+        }
+    }
+    return "LOADFILE" + path;
 }
 
 void SetIdleClientTimeout(int ms) {

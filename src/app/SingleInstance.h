@@ -32,10 +32,11 @@ void Stop();
 bool SendToProcess(const QString& title, const QByteArray& request, int timeoutMs = 10000,
                    QString* error = nullptr);
 
-// The request of a later start: "LOADFILE" and the file's name. A relative name is made full
-// from this process's working folder, as the first instance has a folder of its own; a blank
-// name stays as it is.
-QByteArray LoadFileRequest(const QString& name);
+// The request of a later start: "LOADFILE" and the file's name, as the bytes the system gave,
+// so that a name that is not UTF-8 arrives unchanged. A relative name is made full from this
+// process's working folder, as the first instance has a folder of its own; a blank name stays
+// as it is.
+QByteArray LoadFileRequest(const QByteArray& name);
 
 // Requests larger than this are refused and the connection dropped.
 constexpr qint64 kMaxRequest = 256LL << 20;

@@ -81,8 +81,11 @@ int main(int argc, char** argv) {
     if (SingleInstance::IsRunning(AppTitle())) {
         const QString target = AppTitle();
         AppTitle() = QStringLiteral("Previstance");
-        QString name = FromBytes(StripQuotes(ToBytes(commandLine)));
-        SingleInstance::SendToProcess(target, SingleInstance::LoadFileRequest(name));
+        // The name goes over as the bytes the system gave, which need not be UTF-8.
+        std::string line;
+        for (int i = 1; i < argc; ++i) line += (i > 1 ? " " : "") + std::string(argv[i]);
+        SingleInstance::SendToProcess(
+            target, SingleInstance::LoadFileRequest(QByteArray::fromStdString(StripQuotes(line))));
         return 0;
     }
 

@@ -30,18 +30,18 @@ bool ReadAll(std::FILE* in, qint64 limit, QByteArray& out) {
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    const QStringList args = QCoreApplication::arguments();
-    if (args.size() < 2 || args.size() > 3 || args[1].isEmpty()) {
+    if (argc < 2 || argc > 3 || argv[1][0] == '\0') {
         std::fputs(kUsage, stderr);
         return 2;
     }
-    const QString word = args[1];
+    // The arguments as the bytes the system gave: a file name or a text that is not UTF-8
+    // reaches the editor unchanged.
+    const QByteArray word = argv[1];
     QByteArray request;
-    if (args.size() == 3) {
-        request = word == QLatin1String("LOADFILE") ? SingleInstance::LoadFileRequest(args[2])
-                                                    : (word + args[2]).toUtf8();
+    if (argc == 3) {
+        request = word == "LOADFILE" ? SingleInstance::LoadFileRequest(argv[2]) : word + argv[2];
     } else {
-        request = word.toUtf8();
+        request = word;
         if (!::isatty(STDIN_FILENO)) {
             QByteArray input;
             if (!ReadAll(stdin, SingleInstance::kMaxRequest - request.size(), input)) {

@@ -6,11 +6,13 @@
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QtEndian>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -374,20 +376,35 @@ TEST(ChannelStartTest, WithoutARuntimeFolderTheNameIsPrivate) {
 }
 
 TEST(LoadFileRequestTest, ARelativeNameIsTakenFromTheWorkingFolder) {
-    const QString here = QDir::currentPath();
+    const QByteArray here = QFile::encodeName(QDir::currentPath());
     struct Case {
-        QString name;
-        QByteArray request;
+        QByteArray name, request;
     } cases[] = {
         {"", "LOADFILE"},
         {"   ", "LOADFILE   "},
         {"/abs/file.c", "LOADFILE/abs/file.c"},
-        {"file.c", ("LOADFILE" + here + "/file.c").toUtf8()},
-        {"sub/x y.KWS ", ("LOADFILE" + here + "/sub/x y.KWS ").toUtf8()},
-        {"caf\u00e9.txt", ("LOADFILE" + here + "/caf\u00e9.txt").toUtf8()},
+        {"file.c", "LOADFILE" + here + "/file.c"},
+        {"sub/x y.KWS ", "LOADFILE" + here + "/sub/x y.KWS "},
+        {"caf\xc3\xa9.txt", "LOADFILE" + here + "/caf\xc3\xa9.txt"},
+        // Names that are not UTF-8 keep their bytes.
+        {"caf\xe9.txt", "LOADFILE" + here + "/caf\xe9.txt"},
+        {"/d\xff/caf\xe9 \x80.txt", "LOADFILE/d\xff/caf\xe9 \x80.txt"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(SingleInstance::LoadFileRequest(c.name), c.request) << c.name.toStdString();
+}
+
+// The working folder's name need not be UTF-8 either.
+TEST(LoadFileRequestTest, AWorkingFolderThatIsNotUtf8KeepsItsBytes) {
+    TempDir tmp;
+    const std::string folder = tmp.file("d\xe9");
+    ASSERT_EQ(::mkdir(folder.c_str(), 0700), 0);
+    char* old = ::getcwd(nullptr, 0);
+    ASSERT_EQ(::chdir(folder.c_str()), 0);
+    const QByteArray request = SingleInstance::LoadFileRequest("x\xe9.txt");
+    ASSERT_EQ(::chdir(old), 0);
+    std::free(old);
+    EXPECT_EQ(request, "LOADFILE" + QByteArray::fromStdString(folder) + "/x\xe9.txt");
 }
 
 } // namespace
