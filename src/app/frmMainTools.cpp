@@ -6,7 +6,6 @@
 #include "editor/frmDocument.h"
 #include "tools/ToolForms.h"
 #include "tools/ToolRunner.h"
-#include "tools/core/ToolMacros.h"
 #include "tools/frmConfigCompilers.h"
 #include "tools/frmConfigUtilities.h"
 #include "tools/frmDOSCommand.h"
@@ -82,7 +81,7 @@ void frmMain::mnuAdvancedRunDefCompiler_Click() {
     if (!doc) return;
     DefaultCompiler d;
     IgnoringErrors([&] { d = Tools().LoadDefault(); });
-    const QString s = FromBytes(ToolMacros(d.commandLine, ToBytes(doc->Tag)));
+    const QString s = FromBytes(ExpandToolLine(d.commandLine, doc->Tag));
     QString dir = FromBytes(d.workingDir);
     if (GetSetting(AppTitle(), "Settings", "Default Compiler Dir").isNull() || dir.isEmpty())
         dir = AppDir().chopped(1);

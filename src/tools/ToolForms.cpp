@@ -11,6 +11,10 @@
 
 ToolStore Tools() { return ToolStore(Store(), AppTitle().toStdString()); }
 
+std::string ExpandToolLine(std::string_view line, const QString& tag, MacroQuoting quoting) {
+    return ToolMacros(line, ToBytes(tag), quoting);
+}
+
 QGroupBox* MacroHelpFrame(const QString& title, QWidget* parent) {
     auto* box = new QGroupBox(title, parent);
     box->setAccessibleName(title);

@@ -5,7 +5,6 @@
 #include "components/cDialogs.h"
 #include "tools/ToolForms.h"
 #include "tools/ToolRunner.h"
-#include "tools/core/ToolMacros.h"
 #include "tools/frmAddCompiler.h"
 
 #include <QCheckBox>
@@ -58,8 +57,8 @@ frmDOSCommand::frmDOSCommand(QWidget* parent) : QDialog(parent) {
 void frmDOSCommand::ValidateCommandLine() {
     // With no active document the expansion stops before it starts: the line runs as typed.
     if (docPath_.isNull()) return;
-    txtCommandLine->setText(FromBytes(ToolMacros(
-        ToBytes(txtCommandLine->text()), ToBytes(docPath_), MacroQuoting::QuoteFileAndLineEnd)));
+    txtCommandLine->setText(FromBytes(ExpandToolLine(ToBytes(txtCommandLine->text()), docPath_,
+                                                     MacroQuoting::QuoteFileAndLineEnd)));
 }
 
 void frmDOSCommand::cmdOK_Click() {

@@ -3,7 +3,6 @@
 #include "base/qt/AppGlobals.h"
 #include "tools/ToolForms.h"
 #include "tools/ToolRunner.h"
-#include "tools/core/ToolMacros.h"
 #include "base/PathHelpers.h"
 #include "tools/frmCompilerOutput.h"
 
@@ -101,7 +100,7 @@ void frmRunCompiler::lstCompilers_Click() {
 }
 
 void frmRunCompiler::ValidateCmdLine() {
-    txtCmdLine->setText(FromBytes(ToolMacros(ToBytes(txtCmdLine->text()), ToBytes(docPath_))));
+    txtCmdLine->setText(FromBytes(ExpandToolLine(ToBytes(txtCmdLine->text()), docPath_)));
 }
 
 void frmRunCompiler::cmdOK_Click() {

@@ -3,6 +3,7 @@
 #include "filetools/FileToolsDoCommands.h"
 #include "printing/PrintDoCommands.h"
 #include "search/SearchDoCommands.h"
+#include "tools/ToolDoCommands.h"
 #include "transforms/TransformDoCommands.h"
 
 #include <QApplication>
@@ -18,6 +19,7 @@ std::vector<DoCommand> AllCommands() {
     for (DoCommand& c : TransformDoCommands()) all.push_back(std::move(c));
     for (DoCommand& c : PrintDoCommands()) all.push_back(std::move(c));
     for (DoCommand& c : FileToolsDoCommands()) all.push_back(std::move(c));
+    for (DoCommand& c : ToolDoCommands()) all.push_back(std::move(c));
     return all;
 }
 

@@ -1,0 +1,85 @@
+// kestrum-do expand-macros: the line the run dialog, the default compiler and the DOS command
+// dialog would start for FILE, and its usage errors.
+#include "app/cli/DoFrame.h"
+#include "tools/ToolDoCommands.h"
+
+#include "support/TempDir.h"
+
+#include <QDir>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+// "$" stands for the temporary folder (ending in '/').
+std::string Sub(std::string_view s, const std::string& dir) {
+    std::string out;
+    for (char c : s) out += c == '$' ? dir : std::string(1, c);
+    return out;
+}
+} // namespace
+
+TEST(ToolDoCommand, ExpandMacros) {
+    TempDir tmp;
+    tmp.write("prog.c", "int main;\n");
+    tmp.write("sub/noext", "x");
+    const struct {
+        const char* name;
+        std::vector<std::string> args; // after the subcommand's name
+        int status;
+        const char* out;
+        const char* err; // a part of the one line on stderr; "" for none
+    } cases[] = {
+        {"path, folder and name", {"cc %F -o %L", "$prog.c"}, 0, "cc $prog.c -o $prog\n", ""},
+        {"short forms of an existing file",
+         {"%f|%p|%n|%t|%l", "$prog.c"},
+         0,
+         "$prog.c|$|prog.c|prog|$prog\n",
+         ""},
+        {"quoting form",
+         {"--dos-command", "cc %F -o %T.o", "$prog.c"},
+         0,
+         "cc \"$prog.c -o prog.o\"\n",
+         ""},
+        {"quoting form without %F", {"--dos-command", " ls ", "$prog.c"}, 0, " ls \"\n", ""},
+        {"never saved: every path empty",
+         {"--unsaved", "cc %F%f [%P%N%T%L]", "$prog.c"},
+         0,
+         "cc  []\n",
+         ""},
+        {"never saved, quoting form",
+         {"--unsaved", "--dos-command", "x %F y", "$prog.c"},
+         0,
+         "x \" y\"\n",
+         ""},
+        {"empty line", {"", "$prog.c"}, 0, "\n", ""},
+        {"no extension", {"[%T|%L]", "$sub/noext"}, 0, "[|]\n", ""},
+        {"relative FILE made absolute", {"%F", "prog.c"}, 0, "$prog.c\n", ""},
+        {"--select changes nothing", {"%N", "$prog.c"}, 0, "prog.c\n", ""},
+        {"unknown option", {"--quote", "%F", "$prog.c"}, 2, "", "--quote"},
+        {"missing command line", {"$prog.c"}, 2, "", "missing"},
+        {"extra argument", {"a", "b", "$prog.c"}, 2, "", "extra"},
+        {"unreadable FILE", {"%F", "$missing.c"}, 2, "", "missing.c"},
+    };
+    const std::vector<DoCommand> table = ToolDoCommands();
+    const QString cwd = QDir::currentPath();
+    QDir::setCurrent(QString::fromStdString(tmp.path()));
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        std::vector<std::string> args;
+        if (std::string_view(k.name).starts_with("--select")) args = {"--select", "0", "3"};
+        args.push_back("expand-macros");
+        for (const std::string& a : k.args) args.push_back(Sub(a, tmp.path()));
+        std::ostringstream out, err;
+        EXPECT_EQ(RunKestrumDo(args, table, out, err), k.status);
+        EXPECT_EQ(out.str(), Sub(k.out, tmp.path()));
+        const std::string e = err.str();
+        if (*k.err) {
+            EXPECT_NE(e.find(k.err), std::string::npos) << e;
+            EXPECT_EQ(std::count(e.begin(), e.end(), '\n'), 1) << e;
+        } else {
+            EXPECT_EQ(e, "");
+        }
+    }
+    QDir::setCurrent(cwd);
+}
