@@ -1,8 +1,11 @@
 #include "tools/core/ToolMacros.h"
 
+#include "base/MiscSubs.h"
+#include "base/PathHelpers.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 struct MacroCase {
@@ -60,4 +63,46 @@ TEST(ToolMacros, ShortPathAndBaseName) {
     EXPECT_EQ(ShortPathOf(""), "");
     EXPECT_EQ(BaseNameOf(file), "a.tar");
     EXPECT_EQ(BaseNameOf("/a.b/c"), "");
+}
+
+namespace {
+// The expansion as defined: ten ReplaceText passes, one after the other.
+std::string TenPasses(std::string_view line, const std::string& p, MacroQuoting quoting) {
+    const std::string sp = ShortPathOf(p);
+    const bool quote = quoting == MacroQuoting::QuoteFileAndLineEnd;
+    const std::pair<const char*, std::string> passes[] = {{"%f", sp},
+                                                          {"%p", PathOf(sp)},
+                                                          {"%n", FileNameOf(sp)},
+                                                          {"%l", StripExtension(sp)},
+                                                          {"%t", BaseNameOf(sp)},
+                                                          {"%F", (quote ? "\"" : "") + p},
+                                                          {"%P", PathOf(p)},
+                                                          {"%N", FileNameOf(p)},
+                                                          {"%L", StripExtension(p)},
+                                                          {"%T", BaseNameOf(p)}};
+    std::string s(line);
+    for (const auto& [m, v] : passes) s = ReplaceText(s, m, v);
+    return quote ? s + '"' : s;
+}
+} // namespace
+
+// Lines dense in '%', macro letters and "%%", over paths that hold macros themselves: every
+// shortcut the expansion takes must give what the ten passes give.
+TEST(ToolMacros, AgreesWithTenPassesOnDenseLines) {
+    TempDir tmp;
+    const std::string dir = tmp.path();
+    const std::vector<std::string> paths = {tmp.write("a.c", "x"), tmp.write("%N.c", "x"),
+                                            tmp.write("b%", "x"),  dir + "gone.%T",
+                                            "/x%f/%%F.y",          "",
+                                            "/only/dir.d/"};
+    const char alphabet[] = "%%%fpnltFPNLTqx./ ";
+    std::mt19937 random(17);
+    for (int round = 0; round < 3000; ++round) {
+        std::string line(random() % 24, ' ');
+        for (char& c : line) c = alphabet[random() % (sizeof alphabet - 1)];
+        const std::string& path = paths[random() % paths.size()];
+        for (MacroQuoting q : {MacroQuoting::None, MacroQuoting::QuoteFileAndLineEnd})
+            ASSERT_EQ(ToolMacros(line, path, q), TenPasses(line, path, q))
+                << "line [" << line << "] path [" << path << "]";
+    }
 }

@@ -18,6 +18,7 @@ enum class MacroQuoting {
 
 // Expands the ten macros of line for the document path P, in a fixed order, each pass over
 // the result of the one before (text coming from the path is not protected from later
-// passes). Each pass is one linear ReplaceText.
+// passes). Linear in the line and the result: one scan when no pass can make a new macro,
+// else one ReplaceText a pass that has something to replace.
 std::string ToolMacros(std::string_view line, std::string_view path,
                        MacroQuoting quoting = MacroQuoting::None);
