@@ -16,14 +16,17 @@
 #include <Qsci/qsciscintilla.h>
 
 TEST_F(ToolsFixture, RunDialogStartsEachFormWithTheExpandedLine) {
-    SaveSetting("Kestrum", QString::fromLatin1(kToolsSection.data(), kToolsSection.size()), "cc", "cc -c %N");
+    SaveSetting("Kestrum", QString::fromLatin1(kToolsSection.data(), kToolsSection.size()), "cc",
+                "cc -c %N");
     frmDocument* doc = OpenFile("prog.c", "int x;\n");
     struct Case {
         bool capture, keep;
         const char* form;
     };
-    const Case cases[] = {{true, true, "keep+capture"}, {false, true, "keep"},
-                          {true, false, "close+capture"}, {false, false, "bare"}};
+    const Case cases[] = {{true, true, "keep+capture"},
+                          {false, true, "keep"},
+                          {true, false, "close+capture"},
+                          {false, false, "bare"}};
     for (const auto& c : cases) {
         started.clear();
         OnModal("frmRunCompiler", [&](QDialog* d) {
@@ -196,4 +199,51 @@ TEST_F(ToolsFixture, OutputWindowFollowsTheFileAndOpensErrorLines) {
     EXPECT_EQ(Documents().OpenDocuments().size(), 3u);
     out.close();
     EXPECT_NE(Setting("CompW"), "<none>");
+}
+
+// The output arrives in slices smaller than its lines: every byte gets in once, in order, and
+// exactly the lines that name a location are marked, over their text without the line end.
+TEST_F(ToolsFixture, OutputWindowMarksLinkLinesAcrossSlices) {
+    const std::string longTail(9000, 'x');
+    const struct {
+        const char* name;
+        std::string text;
+        std::size_t slice;
+        std::vector<bool> links; // per line
+    } cases[] = {
+        {"compiler and traceback lines",
+         "a.c:1: x\nplain\nb.py\n  File \"b.py\", line 3\n",
+         5,
+         {true, false, false, true}},
+        {"CR LF line ends", "x\r\nsrc/m.c:12:4: error\r\n", 3, {false, true}},
+        {"CR and LF in two slices", "x\r\nsrc/m.c:12:4: error\r\n", 23, {false, true}},
+        {"numbers are no file", "12:3: x\nmake: a.c:4: x\n", 64, {false, true}},
+        {"a line not yet ended is not marked", "ok\nc.c:2: late", 4, {false, false}},
+        {"a long line found by its beginning", "a.c:1: " + longTail + "\n", 1000, {true}},
+        {"a location past the searched beginning", longTail + " a.c:1:\n", 1000, {false}},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        const std::string cap = tmp.write("cap.txt", k.text);
+        frmCompilerOutput out(QString::fromStdString(cap), Path(""), main.get());
+        out.SetSliceForTesting(k.slice);
+        int steps = 0; // the first replaces "No Compiler Output."
+        do {
+            out.Timer1_Timer();
+            QCoreApplication::processEvents();
+        } while (++steps < 100 && out.txtOutput->length() < int(k.text.size()));
+        std::string shown(k.text.size() + 1, '\0');
+        out.txtOutput->SendScintilla(QsciScintillaBase::SCI_GETTEXT, shown.size(), shown.data());
+        shown.resize(k.text.size());
+        EXPECT_EQ(shown, k.text);
+        for (std::size_t line = 0; line < k.links.size(); ++line) {
+            const long from =
+                out.txtOutput->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, line);
+            const long to =
+                out.txtOutput->SendScintilla(QsciScintillaBase::SCI_GETLINEENDPOSITION, line);
+            EXPECT_EQ(out.IsLinkAt(from), k.links[line]) << "line " << line;
+            EXPECT_EQ(out.IsLinkAt(to - 1), k.links[line]) << "line " << line;
+            EXPECT_FALSE(out.IsLinkAt(to)) << "line end " << line;
+        }
+    }
 }
