@@ -48,6 +48,16 @@ frmCompilerOutput::frmCompilerOutput(const QString& captureFile, const QString& 
         if (refresh->objectName() == "REFRESH") Timer1_Timer();
     });
     txtOutput = new QsciScintilla(this);
+    // A document without a style byte for each byte of text: the output is never coloured,
+    // and every growth of a large output would copy the styles too. The control holds the
+    // only reference once it shows the document.
+    void* plain = reinterpret_cast<void*>(
+        txtOutput->SendScintilla(QsciScintillaBase::SCI_CREATEDOCUMENT, 0UL,
+                                 long(QsciScintillaBase::SC_DOCUMENTOPTION_STYLES_NONE)));
+    if (plain) {
+        txtOutput->SendScintilla(QsciScintillaBase::SCI_SETDOCPOINTER, 0UL, plain);
+        txtOutput->SendScintilla(QsciScintillaBase::SCI_RELEASEDOCUMENT, 0UL, plain);
+    }
     txtOutput->setObjectName("txtOutput");
     txtOutput->setAccessibleName("txtOutput");
     txtOutput->setUtf8(true);
