@@ -123,7 +123,7 @@ std::string ToolMacros(std::string_view line, std::string_view path, MacroQuotin
             out += v.size();
             from = f.at + 2;
         }
-        std::memcpy(out, begin + from, line.size() - from);
+        if (line.size() > from) std::memcpy(out, begin + from, line.size() - from);
         if (quote) out[line.size() - from] = '"';
         return s;
     }
