@@ -17,8 +17,8 @@ std::vector<std::string> Rows(const ComparisonResult& r) {
 
 ComparisonResult Compare(std::string a, std::string b, CompareOptions o, bool readable2 = true) {
     ComparisonResult r;
-    r.bytes1 = std::move(a);
-    r.bytes2 = std::move(b);
+    r.bytes1.assign(a);
+    r.bytes2.assign(b);
     CompareLockStep(r, true, readable2, o);
     return r;
 }
