@@ -15,9 +15,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -30,6 +30,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <optional>
 
 namespace {
 frmMain* theMainForm = nullptr;
@@ -184,6 +185,9 @@ void frmMain::KeepWindowsInView() {
 void frmMain::MDIForm_Load(const QString& commandLine) {
     CommandLine = commandLine;
     const QString app = AppTitle();
+    // The start's writes (upgrade rule, first load, association table) in one save: a large
+    // settings file is not rewritten for each of them.
+    auto batch = std::make_optional<SettingsStore::Batch>(Store());
     AttachSubclass();
     LoadSysTray(); // reads "SysTray" before the upgrade rule may reset it
 
@@ -203,8 +207,11 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
                        ? QApplication::primaryScreen()->availableGeometry()
                        : QRect(0, 0, 1024, 768);
     // A stored value that does not convert leaves the default, as for every setting.
+    // Held to what a window system can place, so that no stored value is out of int's range.
     auto single = [&](const char* key, double def) {
-        return settings_convert::ToDouble(ToBytes(GetSetting(app, "Settings", key))).value_or(def);
+        return settings_convert::ToDoubleIn(ToBytes(GetSetting(app, "Settings", key)), -32768,
+                                            32767)
+            .value_or(def);
     };
     int left = int(single("MainLeft", 0)), top = int(single("MainTop", 0));
     int w = int(single("MainWidth", screen.width() * 0.9));
@@ -245,6 +252,7 @@ void frmMain::MDIForm_Load(const QString& commandLine) {
     }
     CreateSyntaxAssocs();
     RefreshControls();
+    batch.reset(); // before anything can show a message box and wait
 
     NewDocument();
     if (!commandLine.isEmpty()) LoadCommandLine(commandLine);
@@ -290,6 +298,7 @@ void frmMain::MDIForm_Unload() {
     if (unloaded_) return;
     unloaded_ = true;
     const QString app = AppTitle();
+    SettingsStore::Batch batch(Store());
     if (!(windowState() & Qt::WindowMinimized)) {
         SaveSetting(app, "Settings", "MainLeft", QString::number(x()));
         SaveSetting(app, "Settings", "MainTop", QString::number(y()));

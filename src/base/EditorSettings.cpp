@@ -6,10 +6,18 @@
 
 namespace sc = settings_convert;
 
+namespace {
+// Beyond these a hand-edited value makes the editor unusable: unreadable or giant text, a
+// Tab key that inserts pages of blanks, margins larger than any sheet.
+constexpr float kMinFontSize = 1, kMaxFontSize = 400;
+constexpr int16_t kMaxTabWidth = 256;
+constexpr float kMaxMargin = 100;
+} // namespace
+
 EditorSettings EditorSettings::Defaults() {
     EditorSettings s;
-    s.KeywordColor = {RGB(0, 0, 128),   RGB(0, 128, 128), RGB(128, 128, 128),
-                      RGB(0, 128, 0),   RGB(0, 128, 128), RGB(128, 0, 128)};
+    s.KeywordColor = {RGB(0, 0, 128), RGB(0, 128, 128), RGB(128, 128, 128),
+                      RGB(0, 128, 0), RGB(0, 128, 128), RGB(128, 0, 128)};
     for (auto& d : s.Delimiters) d.DelimiterColor = kSysColorWindowText;
     s.AutoCode = true;
     s.CodeOrder = true;
@@ -42,8 +50,10 @@ struct Reader {
         if (v && *v >= std::numeric_limits<Int>::min() && *v <= std::numeric_limits<Int>::max())
             out = static_cast<Int>(*v);
     }
-    void Single(std::string_view key, float def, float& out) {
-        if (auto v = sc::ToSingle(Raw(key, sc::FromSingle(def)))) out = *v;
+    // A number held to the range in which it means something.
+    template <typename Num> void Ranged(std::string_view key, Num def, Num lo, Num hi, Num& out) {
+        if (auto v = sc::ToDoubleIn(Raw(key, std::to_string(def)), double(lo), double(hi)))
+            out = static_cast<Num>(*v);
     }
 };
 } // namespace
@@ -67,22 +77,22 @@ void LoadEditorSettings(SettingsStore& store, std::string_view app, EditorSettin
     r.Bool("Backup", false, s.Backup);
     r.Bool("AutoComplete", true, s.AutoComplete);
     r.Text("EditorFont", d.EditorFont, s.EditorFont);
-    r.Single("EditorSize", 10, s.EditorSize);
+    r.Ranged<float>("EditorSize", 10, kMinFontSize, kMaxFontSize, s.EditorSize);
     r.Bool("EditorBold", false, s.EditorBold);
     r.Bool("EditorItalic", false, s.EditorItalic);
     r.Integer("BGColor", kSysColorWindow, s.BGColor);
     r.Integer("TextColor", kSysColorWindowText, s.TextColor);
     r.Text("CompilerString", "", s.CompilerString);
     r.Bool("Case Sensitive", false, s.CaseSensitive);
-    r.Integer("TabWidth", 4, s.TabWidth);
+    r.Ranged<int16_t>("TabWidth", 4, 0, kMaxTabWidth, s.TabWidth);
     r.Bool("AutoBracers", true, s.AutoBracers);
     r.Bool("RealTabs", false, s.RealTabs);
 }
 
 void LoadPrintMargins(SettingsStore& store, std::string_view app, PrintMargins& m) {
     Reader r{store, app, "Printer Settings"};
-    r.Single("TopMargin", 1.5f, m.Top);
-    r.Single("BottomMargin", 1.5f, m.Bottom);
-    r.Single("LeftMargin", 1.5f, m.Left);
-    r.Single("RightMargin", 1.5f, m.Right);
+    r.Ranged<float>("TopMargin", 1.5f, 0, kMaxMargin, m.Top);
+    r.Ranged<float>("BottomMargin", 1.5f, 0, kMaxMargin, m.Bottom);
+    r.Ranged<float>("LeftMargin", 1.5f, 0, kMaxMargin, m.Left);
+    r.Ranged<float>("RightMargin", 1.5f, 0, kMaxMargin, m.Right);
 }

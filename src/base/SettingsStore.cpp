@@ -4,6 +4,7 @@
 #define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -80,12 +82,49 @@ bool WriteAtomically(const std::string& path, const std::string& text) {
 } // namespace
 
 void SettingsStore::Flush(std::string_view app, File& f) {
+    if (batchDepth_ > 0) {
+        unsaved_.emplace(app);
+        return;
+    }
     std::string text;
     f.ini.Save(text);
     MakeDirs(dir_);
     if (!WriteAtomically(FileFor(app), text))
         throw SettingsStoreError("Cannot write the settings file " + FileFor(app) + ": " +
                                  std::strerror(errno));
+}
+
+SettingsStore::Batch::Batch(SettingsStore& store) : store_(store) {
+    ++store_.batchDepth_;
+}
+
+void SettingsStore::Batch::Commit() {
+    if (!open_) return;
+    open_ = false;
+    store_.EndBatch();
+}
+
+SettingsStore::Batch::~Batch() {
+    try {
+        Commit();
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "kestrum: %s\n", e.what());
+    }
+}
+
+void SettingsStore::EndBatch() {
+    if (batchDepth_ == 0 || --batchDepth_ > 0) return;
+    std::set<std::string, std::less<>> files;
+    files.swap(unsaved_);
+    std::optional<SettingsStoreError> failure;
+    for (const std::string& app : files) {
+        try {
+            Flush(app, Open(app));
+        } catch (const SettingsStoreError& e) {
+            if (!failure) failure = e;
+        }
+    }
+    if (failure) throw *failure;
 }
 
 std::string SettingsStore::GetSetting(std::string_view app, std::string_view section,
@@ -262,8 +301,15 @@ std::optional<double> ToDouble(std::string_view text) {
 
 std::optional<float> ToSingle(std::string_view text) {
     auto d = ToDouble(text);
-    if (!d) return std::nullopt;
+    // Beyond float's range the conversion is undefined: such a value does not convert.
+    if (!d || std::fabs(*d) > double(std::numeric_limits<float>::max())) return std::nullopt;
     return static_cast<float>(*d);
+}
+
+std::optional<double> ToDoubleIn(std::string_view text, double lo, double hi) {
+    auto d = ToDouble(text);
+    if (!d || std::isnan(*d)) return std::nullopt;
+    return std::clamp(*d, lo, hi);
 }
 
 std::string FromSingle(float v) {

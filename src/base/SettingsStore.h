@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -42,6 +43,25 @@ class SettingsStore {
 
     std::string FileFor(std::string_view app) const;
 
+    // The writes of one operation in one save: while a batch is open, changes stay in memory
+    // and each changed file is written once when the outermost batch ends. A write that then
+    // fails leaves memory ahead of the disk, as the batch's writes cannot be told apart.
+    class Batch {
+      public:
+        explicit Batch(SettingsStore& store);
+        // Ends the batch; throws SettingsStoreError when a changed file cannot be written.
+        void Commit();
+        // Ends the batch if Commit did not; a failed write is reported on stderr, as the
+        // program does for single writes.
+        ~Batch();
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+      private:
+        SettingsStore& store_;
+        bool open_ = true;
+    };
+
   private:
     struct File;
     File& Open(std::string_view app);
@@ -49,6 +69,9 @@ class SettingsStore {
 
     std::string dir_;
     std::map<std::string, std::unique_ptr<File>, std::less<>> files_;
+    void EndBatch();
+    int batchDepth_ = 0;
+    std::set<std::string, std::less<>> unsaved_; // files changed inside the open batch
 };
 
 // Escaping of values and keys in the file, so that any byte string (line ends, the code-255
@@ -66,5 +89,8 @@ std::optional<bool> ToBool(std::string_view text);
 std::optional<long long> ToInteger(std::string_view text);
 std::optional<float> ToSingle(std::string_view text);
 std::optional<double> ToDouble(std::string_view text);
+// A stored number held to [lo, hi], so that a hand-edited value cannot make a window, a font
+// or a margin absurd. nullopt when the text does not convert (NaN included).
+std::optional<double> ToDoubleIn(std::string_view text, double lo, double hi);
 std::string FromSingle(float v);
 } // namespace settings_convert

@@ -23,9 +23,11 @@ constexpr int kLinkIndicator = 8;
 constexpr double kTwips = 15.0;
 
 int Geometry(const char* key, int def) {
-    bool ok = false;
-    double v = GetSetting(AppTitle(), "Settings", key, QString::number(def)).toDouble(&ok);
-    return int((ok ? v : def) / kTwips);
+    // Held to what a window system can place: a hand-edited value may be anything.
+    auto v = settings_convert::ToDoubleIn(
+        ToBytes(GetSetting(AppTitle(), "Settings", key, QString::number(def))), -32768 * kTwips,
+        32767 * kTwips);
+    return int(v.value_or(def) / kTwips);
 }
 } // namespace
 

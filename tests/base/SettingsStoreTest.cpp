@@ -77,6 +77,35 @@ TEST_F(StoreTest, AFailedWriteLeavesFileAndMemoryAsTheyWere) {
     EXPECT_EQ(ReadFileBytes(store.FileFor("Kestrum")), before);
 }
 
+TEST_F(StoreTest, ABatchWritesTheFileOnceAtItsOutermostEnd) {
+    store.SaveSetting("Kestrum", "Settings", "A", "1");
+    const std::string before = ReadFileBytes(store.FileFor("Kestrum"));
+    {
+        SettingsStore::Batch outer(store);
+        store.SaveSetting("Kestrum", "Settings", "A", "2");
+        {
+            SettingsStore::Batch inner(store);
+            store.SaveSetting("Kestrum", "Settings", "B", "3");
+            store.DeleteSetting("Kestrum", "Settings", "A");
+        }
+        EXPECT_EQ(ReadFileBytes(store.FileFor("Kestrum")), before) << "written inside a batch";
+        EXPECT_EQ(store.GetSetting("Kestrum", "Settings", "B"), "3"); // memory is current
+    }
+    SettingsStore reread(dir.path() + "config");
+    EXPECT_EQ(reread.GetSetting("Kestrum", "Settings", "A", "gone"), "gone");
+    EXPECT_EQ(reread.GetSetting("Kestrum", "Settings", "B"), "3");
+
+    // A write that fails at the end is the commit's error; the next write succeeds again.
+    std::string tmp = store.FileFor("Kestrum") + ".tmp" + std::to_string(::getpid());
+    ASSERT_EQ(::mkdir(tmp.c_str(), 0700), 0);
+    SettingsStore::Batch failing(store);
+    store.SaveSetting("Kestrum", "Settings", "C", "4");
+    EXPECT_THROW(failing.Commit(), SettingsStoreError);
+    ASSERT_EQ(::rmdir(tmp.c_str()), 0);
+    store.SaveSetting("Kestrum", "Settings", "D", "5");
+    EXPECT_EQ(SettingsStore(dir.path() + "config").GetSetting("Kestrum", "Settings", "C"), "4");
+}
+
 TEST(SettingsConvert, TextToTypes) {
     using namespace settings_convert;
     struct BoolCase {
@@ -102,4 +131,9 @@ TEST(SettingsConvert, TextToTypes) {
     EXPECT_FLOAT_EQ(*ToSingle("10.5"), 10.5f);
     EXPECT_EQ(ToSingle("1,5"), std::nullopt);
     EXPECT_EQ(*ToSingle(FromSingle(1234.25f)), 1234.25f);
+    EXPECT_EQ(ToSingle("1e300"), std::nullopt); // beyond float: not one
+    EXPECT_EQ(ToDoubleIn("1e300", -5, 5), 5.0);
+    EXPECT_EQ(ToDoubleIn("-7.5", -5, 5), -5.0);
+    EXPECT_EQ(ToDoubleIn("nan", -5, 5), std::nullopt);
+    EXPECT_EQ(ToDoubleIn("x", -5, 5), std::nullopt);
 }

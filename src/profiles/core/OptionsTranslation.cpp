@@ -114,6 +114,7 @@ void TranslateSettings(const OptionsDialogValues& v, EditorSettings& s) {
 
 void SaveEditorSettings(SettingsStore& store, std::string_view app, const EditorSettings& s,
                         bool sysTray) {
+    SettingsStore::Batch batch(store); // the dialog's fifty keys in one save
     auto put = [&](const std::string& key, std::string_view value) {
         store.SaveSetting(app, "Settings", key, value);
     };
@@ -142,4 +143,5 @@ void SaveEditorSettings(SettingsStore& store, std::string_view app, const Editor
     put("EditorBold", sc::FromBool(s.EditorBold));
     put("EditorItalic", sc::FromBool(s.EditorItalic));
     put("Case Sensitive", sc::FromBool(s.CaseSensitive));
+    batch.Commit();
 }

@@ -163,8 +163,10 @@ bool CreateSyntaxAssocs(SettingsStore& store, std::string_view app) {
 }
 
 void RestoreDefaultSyntaxAssocs(SettingsStore& store, std::string_view app) {
+    SettingsStore::Batch batch(store); // one save for the whole table
     for (const auto& a : kDefaults)
         store.SaveSetting(app, kSyntaxAssocSection, a.extension, a.profile);
+    batch.Commit();
 }
 
 std::string SyntaxExtension(std::string_view path) {
