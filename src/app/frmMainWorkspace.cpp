@@ -1,10 +1,11 @@
 // Workspaces, the two roll-up panes, templates and cliptext libraries. A workspace file lists
 // the open documents, caption and path, so that one command reopens them all; templates and
 // libraries are plain files in two folders beside the program, listed as their catalogue.
-#include "base/qt/AppGlobals.h"
+#include "app/core/WorkspaceFile.h"
 #include "app/frmMain.h"
 #include "base/PathHelpers.h"
-#include "app/core/WorkspaceFile.h"
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
 #include "components/FlipPane.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
@@ -99,12 +100,14 @@ void frmMain::mnuViewCliptext_Click() {
 
 // ---------------------------------------------------------------- folders
 
+// The folders the user's own templates and libraries are saved in; they are read together
+// with the shipped ones of the program's folder.
 QString frmMain::TemplateFolder() const {
-    return AppDir() + "template/";
+    return UserDataDir() + "template/";
 }
 
 QString frmMain::ClipTextFolder() const {
-    return AppDir() + "cliptext/";
+    return UserDataDir() + "cliptext/";
 }
 
 // ---------------------------------------------------------------- workspaces
@@ -214,7 +217,7 @@ bool frmMain::LoadWorkspace(const QString& path, bool fromCommandLine, QString* 
 // ---------------------------------------------------------------- templates
 
 void frmMain::mnuFileNew_Click() {
-    frmNewFile dlg(TemplateFolder(), this);
+    frmNewFile dlg(QStringLiteral("template"), this);
     dlg.exec();
     update();
 }
@@ -259,8 +262,8 @@ void frmMain::mnuFileExportClip_Click() {
 void frmMain::RefreshClipFiles() {
     QString current = lstClipFiles->currentItem() ? lstClipFiles->currentItem()->text() : QString();
     lstClipFiles->clear();
-    for (const std::string& name : ListPlainFiles(QFile::encodeName(ClipTextFolder()).toStdString()))
-        lstClipFiles->addItem(QFile::decodeName(QByteArray::fromStdString(name)));
+    for (const QString& name : DataFiles(QStringLiteral("cliptext")))
+        if (!name.startsWith('.')) lstClipFiles->addItem(name); // no hidden leftovers
     if (!current.isEmpty())
         if (auto found = lstClipFiles->findItems(current, Qt::MatchExactly); !found.isEmpty())
             lstClipFiles->setCurrentItem(found.first());
@@ -269,7 +272,7 @@ void frmMain::RefreshClipFiles() {
 void frmMain::lstClipFiles_Click() {
     QListWidgetItem* chosen = lstClipFiles->currentItem();
     if (!chosen) return;
-    QFile f(ClipTextFolder() + chosen->text());
+    QFile f(DataFileToRead("cliptext/" + chosen->text()));
     if (!f.open(QIODevice::ReadOnly)) return;
     QByteArray bytes = f.readAll();
     QStringList entries;
@@ -293,7 +296,7 @@ void frmMain::SetClipEntries(const QStringList& entries) {
 
 QString frmMain::ClipEntry(int index) const {
     return index >= 0 && size_t(index) < clipEntries_.size() ? clipEntries_[size_t(index)]
-                                                              : QString();
+                                                             : QString();
 }
 
 void frmMain::lstClip_DblClick() {

@@ -1,5 +1,7 @@
 #include "filetools/frmNewFile.h"
 
+#include "base/qt/AppGlobals.h"
+#include "base/qt/DataPaths.h"
 #include "editor/DocumentArray.h"
 #include "editor/RichEdit.h"
 #include "editor/frmDocument.h"
@@ -14,7 +16,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-frmNewFile::frmNewFile(const QString& folder, QWidget* parent) : QDialog(parent), folder_(folder) {
+frmNewFile::frmNewFile(const QString& dataFolder, QWidget* parent)
+    : QDialog(parent), folder_(dataFolder) {
     setWindowTitle(tr("New File"));
     setAccessibleName(windowTitle());
     setObjectName("frmNewFile");
@@ -41,7 +44,8 @@ frmNewFile::frmNewFile(const QString& folder, QWidget* parent) : QDialog(parent)
     v->addWidget(buttons);
     resize(360, 340);
 
-    connect(lstTemplates, &QListWidget::itemClicked, this, [this] { optTemplate->setChecked(true); });
+    connect(lstTemplates, &QListWidget::itemClicked, this,
+            [this] { optTemplate->setChecked(true); });
     connect(lstTemplates, &QListWidget::itemDoubleClicked, this, [this] { cmdOK_Click(); });
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
@@ -54,12 +58,13 @@ void frmNewFile::showEvent(QShowEvent* e) {
 
 void frmNewFile::Form_Activate() {
     lstTemplates->clear();
-    QByteArray dir = QFile::encodeName(folder_);
     const QIcon text = style()->standardIcon(QStyle::SP_FileIcon);
     const QIcon program = style()->standardIcon(QStyle::SP_ComputerIcon);
-    for (const TemplateItem& t : TemplateCatalogue(ListPlainFiles(dir.toStdString()))) {
-        auto* item = new QListWidgetItem(t.image == 2 ? program : text,
-                                         QFile::decodeName(QByteArray::fromStdString(t.text)));
+    std::vector<std::string> names;
+    for (const QString& name : DataFiles(folder_))
+        if (!name.startsWith('.')) names.push_back(ToBytes(name)); // no hidden leftovers
+    for (const TemplateItem& t : TemplateCatalogue(names)) {
+        auto* item = new QListWidgetItem(t.image == 2 ? program : text, FromBytes(t.text));
         lstTemplates->addItem(item);
     }
 }
@@ -71,7 +76,7 @@ void frmNewFile::cmdOK_Click() {
     // With no template chosen the new document stays empty; a template that cannot be read
     // (a program entry, shown without its extension) leaves it empty as well.
     if (doc && optTemplate->isChecked() && chosen) {
-        doc->rtfText->LoadFile(folder_ + chosen->text(), 1, nullptr);
+        doc->rtfText->LoadFile(DataFileToRead(folder_ + "/" + chosen->text()), 1, nullptr);
         doc->ColorCode();
     }
     // The document is untitled, so a later save never overwrites the template.

@@ -12,8 +12,9 @@ class QPushButton;
 class frmNewFile : public QDialog {
     Q_OBJECT
   public:
-    // folder: the template folder, ending in '/'.
-    explicit frmNewFile(const QString& folder, QWidget* parent = nullptr);
+    // dataFolder: the data folder of the templates ("template"); the user's templates and
+    // the shipped ones are listed together.
+    explicit frmNewFile(const QString& dataFolder, QWidget* parent = nullptr);
 
     // Fills the list from the folder; runs on every activation.
     void Form_Activate();

@@ -1,5 +1,6 @@
 // The roll-up panes, templates and cliptext libraries, against the test's own program folder.
 #include "app/FileCommandsFixture.h"
+#include "base/qt/DataPaths.h"
 #include "components/FlipPane.h"
 #include "filetools/frmNewFile.h"
 
@@ -11,7 +12,8 @@
 
 struct LibraryTest : FileCommandsFixture {
     std::string AppFile(const std::string& name, std::string_view bytes) {
-        std::filesystem::create_directories(std::filesystem::path(tmp.file("app/" + name)).parent_path());
+        std::filesystem::create_directories(
+            std::filesystem::path(tmp.file("app/" + name)).parent_path());
         return tmp.write("app/" + name, bytes);
     }
     QStringList Items(QListWidget* l) {
@@ -64,10 +66,12 @@ TEST_F(LibraryTest, NewDocumentFromTheTemplateList) {
         {"", true, ""},           // nothing selected: an empty document all the same
     };
     for (const Case& c : cases) {
-        frmNewFile dlg(main->TemplateFolder(), main.get());
+        frmNewFile dlg("template", main.get());
         dlg.Form_Activate();
         ASSERT_EQ(Items(dlg.lstTemplates), (QStringList{"C program", "tool"}));
-        if (*c.choice) dlg.lstTemplates->setCurrentItem(dlg.lstTemplates->findItems(c.choice, Qt::MatchExactly).first());
+        if (*c.choice)
+            dlg.lstTemplates->setCurrentItem(
+                dlg.lstTemplates->findItems(c.choice, Qt::MatchExactly).first());
         (c.useTemplate ? dlg.optTemplate : dlg.optBlank)->setChecked(true);
         size_t before = OpenCount();
         dlg.cmdOK_Click();
@@ -79,12 +83,13 @@ TEST_F(LibraryTest, NewDocumentFromTheTemplateList) {
         EXPECT_TRUE(Doc()->Caption().startsWith("Untitled "));
     }
     // A missing folder lists nothing; Cancel through the menu makes nothing.
-    frmNewFile none(Path("nowhere/"), main.get());
+    frmNewFile none("nowhere", main.get());
     none.Form_Activate();
     EXPECT_EQ(none.lstTemplates->count(), 0);
     size_t before = OpenCount();
     QTimer::singleShot(0, [] {
-        if (auto* d = qobject_cast<frmNewFile*>(QApplication::activeModalWidget())) d->cmdCancel_Click();
+        if (auto* d = qobject_cast<frmNewFile*>(QApplication::activeModalWidget()))
+            d->cmdCancel_Click();
     });
     main->mnuFileNew_Click();
     EXPECT_EQ(OpenCount(), before);
@@ -112,7 +117,8 @@ TEST_F(LibraryTest, ExportsSaveTheActiveDocumentUnderTheGivenName) {
 TEST_F(LibraryTest, SnippetsInsertAtTheCaretAndFeedCompletion) {
     AppFile("cliptext/C", "printf(\"%d\\n\", x);\r\n   \r\nif (a) {\\n}\r\n  lead\r\n");
     ChooseLibrary("C");
-    ASSERT_EQ(Items(main->lstClip), (QStringList{"printf(\"%d\\n\", x);", "if (a) {\\n}", "  lead"}));
+    ASSERT_EQ(Items(main->lstClip),
+              (QStringList{"printf(\"%d\\n\", x);", "if (a) {\\n}", "  lead"}));
     struct Case {
         int row;
         std::string result;
@@ -146,4 +152,37 @@ TEST_F(LibraryTest, AHugeSnippetIsShownShortAndKeptWhole) {
     EXPECT_LT(main->lstClip->item(1)->text().size(), 10000);
     EXPECT_EQ(main->ClipEntry(1).size(), qsizetype(huge.size()));
     EXPECT_EQ(main->GoClip("www"), 1);
+}
+
+// An installed copy: the shipped templates and libraries are listed beside the user's own,
+// and what the user saves goes to the user's folder, never into the program's.
+TEST_F(LibraryTest, AnInstalledCopyReadsBothFoldersAndWritesTheUsers) {
+    const std::string shipped = tmp.path() + "usr/share/kestrum/", user = tmp.path() + "home/";
+    tmp.write("usr/share/kestrum/template/Shipped", "shipped\n");
+    tmp.write("usr/share/kestrum/cliptext/Snippets", "from shipped\r\n");
+    tmp.write("home/template/.Mine.swp", "editor leftover");
+    SetDataFoldersForTesting(QString::fromStdString(shipped), QString::fromStdString(user));
+    struct Reset {
+        ~Reset() { SetDataFoldersForTesting({}, {}); }
+    } reset;
+    Doc()->rtfText->SetText("mine\n");
+    dialogs.AnswerInput("Mine");
+    main->mnuFileExportTPL_Click();
+    dialogs.AnswerInput("Own");
+    main->mnuFileExportClip_Click();
+    EXPECT_EQ(ReadFileBytes(user + "template/Mine"), "mine\r\n");
+    EXPECT_EQ(ReadFileBytes(user + "cliptext/Own"), "mine\r\n");
+    EXPECT_FALSE(FileExists(shipped + "template/Mine"));
+
+    frmNewFile dlg("template", main.get());
+    dlg.Form_Activate();
+    EXPECT_EQ(Items(dlg.lstTemplates), (QStringList{"Mine", "Shipped"}));
+    dlg.lstTemplates->setCurrentRow(1);
+    dlg.optTemplate->setChecked(true);
+    dlg.cmdOK_Click();
+    Settle();
+    EXPECT_EQ(Text(Doc()), "shipped\r\n");
+    EXPECT_EQ(Items(main->lstClipFiles), (QStringList{"Own", "Snippets"}));
+    ChooseLibrary("Snippets");
+    EXPECT_EQ(main->ClipEntry(0), "from shipped");
 }
