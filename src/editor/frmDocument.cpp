@@ -502,21 +502,37 @@ void frmDocument::rtfText_KeyDown(int& KeyCode, int& Shift) {
         CodeLine();
     }
     if ((KeyCode == 32 || KeyCode == 13) && g_EditorSettings().AutoComplete) {
+        static constexpr std::string_view kWordEnds = "\n\r .,:;?!";
         int64_t p = rtfText->SelStart();
-        rtfText->Span(std::string_view("\n\r .,:;?!"), false);
-        int64_t s = rtfText->SelStart();
-        rtfText->SetSelStart(s);
-        rtfText->SetSelLength(p - s);
-        std::string word(Trim(rtfText->SelText()));
+        int64_t s = p;
+        if (rtfText->SelLength() == 0) {
+            // The usual case, a caret: the word before it is read in place. Selecting it would
+            // hand the desktop a new primary selection on every Space and Enter.
+            auto wordEnd = [&](int64_t at) {
+                return kWordEnds.find(char(rtfText->SendScintilla(
+                           QsciScintillaBase::SCI_GETCHARAT, static_cast<unsigned long>(at)))) !=
+                       std::string_view::npos;
+            };
+            while (s > 0 && !wordEnd(s - 1)) --s;
+        } else {
+            rtfText->Span(kWordEnds, false);
+            s = rtfText->SelStart();
+            rtfText->SetSelStart(s);
+            rtfText->SetSelLength(p - s);
+        }
+        const int64_t length = std::max<int64_t>(p - s, 0);
+        std::string word(Trim(rtfText->TextViewFrom(s).substr(0, size_t(length))));
         std::optional<QString> found;
         if (word.size() >= 3) found = m.CompletionFor(rtfText->FromDocumentBytes(word));
         // An entry that a Latin-1 document cannot hold is not put in.
         auto entry = found ? rtfText->ToDocumentBytes(*found) : std::nullopt;
         if (!entry) {
-            rtfText->SetSelStart(p);
+            if (rtfText->SelStart() != p || rtfText->SelLength() != 0) rtfText->SetSelStart(p);
             return;
         }
         // The typed prefix becomes the entry, in the entry's own case.
+        rtfText->SetSelStart(s);
+        rtfText->SetSelLength(length);
         {
             UndoGroup group(*rtfText);
             rtfText->SetSelText(*entry);
