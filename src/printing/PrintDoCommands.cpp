@@ -3,6 +3,7 @@
 #include "base/qt/AppGlobals.h"
 #include "base/qt/DataPaths.h"
 #include "editor/frmDocument.h"
+#include "printing/core/PageSetupValues.h"
 #include "printing/modPrintRTFText.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
@@ -39,8 +40,13 @@ void Print(DoRun& run) {
         run.doc->SetSyntax();
     }
 
-    // The margins as the editor reads them at start, from this run's settings.
-    LoadPrintMargins(Store(), ToBytes(AppTitle()), g_PrintMargins());
+    // The page as the user set it up in the editor: margins and black and white come from the
+    // user's own settings (only read), everything else stays a first start's.
+    SettingsStore user(SettingsStore::DefaultDirectory());
+    const std::string app = ToBytes(AppTitle());
+    for (const auto& [key, value] : user.GetAllSettings(app, kPrinterSection))
+        Store().SaveSetting(app, kPrinterSection, key, value);
+    LoadPrintMargins(Store(), app, g_PrintMargins());
     // The first activation of a window shows its font and colours and colours the text.
     run.doc->Form_Activate();
 

@@ -81,3 +81,27 @@ TEST(PrintDoCommand, CommandLines) {
     }
     ResetPrintingInProgressForTesting();
 }
+
+// The page set up in the editor holds for scripts too: the user's stored printer settings are
+// read, and left as they were.
+TEST(PrintDoCommand, TakesTheUsersPageSetup) {
+    if (const char* build = std::getenv("KESTRUM_BUILD_DIR")) SetAppDirForTesting(build);
+    TempDir tmp;
+    const std::string c = tmp.write("listing.c", "int main(void) { return 0; /* done */ }\n");
+    const std::string pdf = tmp.file("out.pdf");
+    const std::string ini = tmp.write("config/Kestrum.ini",
+                                      "[Printer Settings]\nBlackAndWhite = True\nTopMargin = 3\n");
+    const char* before = std::getenv("XDG_CONFIG_HOME");
+    const std::string saved = before ? before : "";
+    ::setenv("XDG_CONFIG_HOME", tmp.file("config").c_str(), 1);
+    ResetPrintingInProgressForTesting();
+    std::ostringstream out, err;
+    const std::vector<DoCommand> table = PrintDoCommands();
+    EXPECT_EQ(RunKestrumDo({"print", "--pdf", pdf, c}, table, out, err), 0) << err.str();
+    before ? ::setenv("XDG_CONFIG_HOME", saved.c_str(), 1) : ::unsetenv("XDG_CONFIG_HOME");
+    ResetPrintingInProgressForTesting();
+    const PdfContents read = ReadPdf(QString::fromStdString(pdf));
+    ASSERT_GT(read.pages, 0);
+    EXPECT_LE(read.fills.size(), 2u) << "colours printed although the user chose black and white";
+    EXPECT_EQ(ReadFileBytes(ini), "[Printer Settings]\nBlackAndWhite = True\nTopMargin = 3\n");
+}
