@@ -46,7 +46,8 @@ set(CPACK_PACKAGE_VENDOR "Kestrum developers")
 set(CPACK_PACKAGE_CONTACT "Kestrum developers <author@kestrum.example.org>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Programmer's text editor with colour coding by language")
-set(CPACK_PACKAGE_DESCRIPTION
+# One string: pieces given to set() would make a list, joined by semicolons in the package.
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
     "Kestrum is a programmer's text editor for the desktop. Each file is coloured by a syntax "
     "profile chosen by its extension; typing aids, find and replace, configured compilers, "
     "file comparison, templates and cliptext libraries stand round it.")
