@@ -39,6 +39,8 @@ LineCommandResult LineCommand(std::string_view t, int64_t selStart, int64_t selL
     int64_t end = selStart + selLength;
 
     LineCommandResult r;
+    // At most one edit a line: sized once, the list is never copied while it grows.
+    r.edits.reserve(size_t(std::count(t.begin() + selStart, t.begin() + end, '\n')) + 1);
     Line line = LineAt(t, selStart);
     const Line last = LineAt(t, end);
     int64_t shift = 0; // growth of the text before the current line
