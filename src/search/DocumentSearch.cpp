@@ -109,6 +109,20 @@ void ReplaceAllInDocument(RichEdit& rtf, bool inSelection, std::string_view find
     QPointer<RichEdit> guard(&rtf);
     QElapsedTimer clock;
     clock.start();
+    // The control grows its buffers once, to the final size, as a step of its own between two
+    // turns of the event loop: the first longer edit would otherwise do it in the middle of
+    // the replacing, on top of the planning before it.
+    int64_t growth = 0;
+    for (const TextEdit& e : edits) growth += int64_t(e.text.size()) - e.length;
+    if (growth > 0) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        if (!guard) return;
+        rtf.SendScintilla(QsciScintillaBase::SCI_ALLOCATE,
+                          static_cast<unsigned long>(rtf.TextLength() + growth + 1));
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        if (!guard) return;
+        clock.restart();
+    }
     int64_t delta = 0;
     rtf.beginUndoAction(); // one undo step, however many stretches
     for (const TextEdit& e : edits) {
