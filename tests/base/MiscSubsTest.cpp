@@ -1,4 +1,5 @@
 #include "base/MiscSubs.h"
+#include "base/TextCodec.h"
 #include "support/TempDir.h"
 
 #include <sys/stat.h>
@@ -48,4 +49,40 @@ TEST(MiscSubs, ReadWholeFileTakesRegularFilesOnly) {
     }
     EXPECT_FALSE(ReadWholeFile(tmp.file("missing"), bytes, error));
     EXPECT_EQ(error, "No such file or directory");
+}
+
+// The one-pass reader gives what ToCrLf of the whole file gives, whatever falls on the edges
+// of its reads, and refuses what the whole-file reader refuses, with the same reasons.
+TEST(MiscSubs, ReadFileCrLfMatchesTheWholeFileConversion) {
+    TempDir tmp;
+    const struct {
+        const char* name;
+        std::string bytes;
+        LineEndStyle style;
+    } cases[] = {
+        {"empty", "", LineEndStyle::Lf},
+        {"lone cr last", "a\rb\r", LineEndStyle::Cr},
+        // A CR as the last byte of a 256 KB read, its LF in the next read: one line end.
+        {"pair split", std::string((256 << 10) - 1, 'x') + "\r\ny\r\n", LineEndStyle::CrLf},
+        {"cr split", std::string((256 << 10) - 1, 'x') + "\ry", LineEndStyle::Cr},
+        // Every byte a line end: the text outgrows the room reserved for it.
+        {"all lf", std::string(3 << 20, '\n'), LineEndStyle::Lf},
+        {"mixed", "a\nb\r\nc\rd\te\n", LineEndStyle::Mixed},
+    };
+    for (const auto& c : cases) {
+        std::string text = "left over", error;
+        LineEndStyle style = LineEndStyle::CrLf;
+        ASSERT_TRUE(ReadFileCrLf(tmp.write(c.name, c.bytes), text, error, &style)) << c.name;
+        EXPECT_EQ(text, ToCrLf(c.bytes)) << c.name;
+        EXPECT_EQ(style, c.style) << c.name;
+    }
+    std::string fifo = tmp.file("fifo");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    for (const std::string& refused : {fifo, std::string("/dev/zero"), tmp.path(),
+                                       tmp.file("missing")}) {
+        std::string text, error, wholeError, bytes;
+        EXPECT_FALSE(ReadFileCrLf(refused, text, error)) << refused;
+        EXPECT_FALSE(ReadWholeFile(refused, bytes, wholeError));
+        EXPECT_EQ(error, wholeError) << refused;
+    }
 }

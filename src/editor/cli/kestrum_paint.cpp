@@ -97,13 +97,9 @@ bool SettingsFor(const PaintCommand& command, EditorSettings& settings, std::str
 
 // The file as the editor loads it: bytes kept, every line end made CR LF.
 bool LoadDocument(const std::string& path, std::string& text, std::string& error) {
-    std::string bytes;
-    if (!ReadWholeFile(path, bytes, error)) {
-        error = path + ": " + error;
-        return false;
-    }
-    text = ToCrLf(bytes);
-    return true;
+    if (ReadFileCrLf(path, text, error)) return true;
+    error = path + ": " + error;
+    return false;
 }
 
 bool Write(const std::string& s) {
