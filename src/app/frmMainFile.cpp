@@ -363,9 +363,9 @@ std::optional<std::string> ChooseFileToInsert(FileDialogOptions& dlg, const QStr
     dlg.filter = QStringLiteral("All Files (*.*)|*.*");
     std::optional<QString> path = Show(dlg, false);
     if (!path) return std::nullopt;
-    std::string bytes, error;
-    if (!ReadWholeFile(ToBytes(*path), bytes, error)) return std::nullopt;
-    return ToCrLf(bytes);
+    std::string text, error;
+    if (!ReadFileCrLf(ToBytes(*path), text, error)) return std::nullopt;
+    return text;
 }
 
 } // namespace

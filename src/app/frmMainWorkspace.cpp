@@ -262,8 +262,7 @@ void frmMain::mnuFileExportClip_Click() {
 void frmMain::RefreshClipFiles() {
     QString current = lstClipFiles->currentItem() ? lstClipFiles->currentItem()->text() : QString();
     lstClipFiles->clear();
-    for (const QString& name : DataFiles(QStringLiteral("cliptext")))
-        if (!name.startsWith('.')) lstClipFiles->addItem(name); // no hidden leftovers
+    lstClipFiles->addItems(DataFiles(QStringLiteral("cliptext")));
     if (!current.isEmpty())
         if (auto found = lstClipFiles->findItems(current, Qt::MatchExactly); !found.isEmpty())
             lstClipFiles->setCurrentItem(found.first());

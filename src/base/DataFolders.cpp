@@ -100,7 +100,8 @@ std::vector<std::string> DataFolderFiles(const DataFolders& folders,
         fs::directory_iterator it(*root + std::string(relativeFolder), ec), end;
         for (; !ec && it != end; it.increment(ec)) {
             std::error_code typeError;
-            if (it->is_regular_file(typeError)) names.insert(it->path().filename().string());
+            std::string name = it->path().filename().string();
+            if (name[0] != '.' && it->is_regular_file(typeError)) names.insert(std::move(name));
         }
     }
     std::vector<std::string> out(names.begin(), names.end());

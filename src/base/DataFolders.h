@@ -37,6 +37,7 @@ std::string DataPathForWriting(const DataFolders& folders, std::string_view rela
 bool MakeUserDataFolder(const DataFolders& folders, std::string_view relativeFolder,
                         std::string* error = nullptr);
 // The names of the regular files in a data folder, the user's and the shipped ones together,
-// each name once, sorted without regard to case (ties by bytes).
+// each name once, sorted without regard to case (ties by bytes). Hidden files (a name that
+// starts with ".", such as an editor's leftovers) are not listed.
 std::vector<std::string> DataFolderFiles(const DataFolders& folders,
                                          std::string_view relativeFolder);

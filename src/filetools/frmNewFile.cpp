@@ -61,8 +61,7 @@ void frmNewFile::Form_Activate() {
     const QIcon text = style()->standardIcon(QStyle::SP_FileIcon);
     const QIcon program = style()->standardIcon(QStyle::SP_ComputerIcon);
     std::vector<std::string> names;
-    for (const QString& name : DataFiles(folder_))
-        if (!name.startsWith('.')) names.push_back(ToBytes(name)); // no hidden leftovers
+    for (const QString& name : DataFiles(folder_)) names.push_back(ToBytes(name));
     for (const TemplateItem& t : TemplateCatalogue(names)) {
         auto* item = new QListWidgetItem(t.image == 2 ? program : text, FromBytes(t.text));
         lstTemplates->addItem(item);

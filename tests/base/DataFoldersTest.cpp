@@ -66,6 +66,7 @@ TEST(DataFolders, UserFolderReadFirstAndListedWithTheShippedOne) {
     EXPECT_EQ(DataPathForReading(f, "Kestrum.dat"), f.shipped + "Kestrum.dat");
     EXPECT_EQ(DataPathForWriting(f, "PROFILES/perl"), f.user + "PROFILES/perl");
     fs::create_directories(f.user + "PROFILES/folder");
+    t.write("home/kestrum/PROFILES/.C.swp", "an editor's leftover");
     EXPECT_EQ(DataFolderFiles(f, "PROFILES"), (std::vector<std::string>{"ada", "C", "perl"}));
     EXPECT_TRUE(DataFolderFiles(f, "missing").empty());
 }

@@ -17,7 +17,7 @@ QString DataFileToRead(const QString& relative);
 // folder that cannot be made shows when the caller's write fails.
 QString DataFileToWrite(const QString& relative);
 // The regular files of a data folder ("PROFILES"), user's and shipped together, each once,
-// sorted without regard to case.
+// sorted without regard to case; hidden ones left out.
 QStringList DataFiles(const QString& relativeFolder);
 
 // Tests give the two folders of an installed program; empty strings go back to AppDir.
