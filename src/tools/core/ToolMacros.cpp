@@ -34,34 +34,21 @@ constexpr std::array<signed char, 256> kPassOf = [] {
     return t;
 }();
 
-// The value of pass k for the path.
+// The value of pass k for the path: passes 0 to 4 take its short form, 5 to 9 the path
+// itself, each five in the same order; the long full path alone may be quoted.
 std::string PassValue(int k, std::string_view path, const std::string& shortPath, bool quote) {
-    switch (k) {
+    const std::string_view p = k < 5 ? std::string_view(shortPath) : path;
+    switch (k % 5) {
     case 0:
-        return shortPath;
+        return k == 5 && quote ? '"' + std::string(p) : std::string(p);
     case 1:
-        return PathOf(shortPath);
+        return PathOf(p);
     case 2:
-        return FileNameOf(shortPath);
+        return FileNameOf(p);
     case 3:
-        return StripExtension(shortPath);
-    case 4:
-        return BaseNameOf(shortPath);
-    case 5: {
-        std::string v;
-        v.reserve(path.size() + 1);
-        if (quote) v += '"';
-        v.append(path);
-        return v;
-    }
-    case 6:
-        return PathOf(path);
-    case 7:
-        return FileNameOf(path);
-    case 8:
-        return StripExtension(path);
+        return StripExtension(p);
     default:
-        return BaseNameOf(path);
+        return BaseNameOf(p);
     }
 }
 } // namespace
