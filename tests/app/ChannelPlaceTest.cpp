@@ -28,6 +28,13 @@ void MakeFolder(const std::string& path, mode_t mode, unsigned owner = kUid) {
     }
 }
 
+// A case that gives a folder to another user runs only where chown may: says so and skips.
+bool SkippedWithoutRoot(bool needsRoot, const std::string& what) {
+    if (!needsRoot || CanChown()) return false;
+    std::cout << "skipped (needs root to give a folder away): " << what << "\n";
+    return true;
+}
+
 void MakeSocket(const std::string& path) {
     int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un addr{};
@@ -81,10 +88,7 @@ TEST(ChannelPlace, WithoutARuntimeFolderAPrivateFolderIsUsed) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        if (c.needsRoot && !CanChown()) {
-            std::cout << "skipped (needs root to give a folder away): " << c.what << "\n";
-            continue;
-        }
+        if (SkippedWithoutRoot(c.needsRoot, c.what)) continue;
         TempDir tmp;
         c.prepare(tmp);
         auto made = ChannelPlace::SocketPaths("", tmp.path(), "T", kUid, true);
@@ -143,10 +147,7 @@ TEST(ChannelPlace, LeftoversOfOursThatAreEmptyGo) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        if (c.needsRoot && !CanChown()) {
-            std::cout << "skipped (needs root to give a folder away): " << c.what << "\n";
-            continue;
-        }
+        if (SkippedWithoutRoot(c.needsRoot, c.what)) continue;
         TempDir tmp;
         const std::string p = tmp.file("T.sock");
         c.prepare(p);
