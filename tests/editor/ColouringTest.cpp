@@ -5,17 +5,6 @@
 
 namespace {
 struct ColouringTest : AppFixture {
-    frmDocument* Open(const std::string& name, const std::string& text) {
-        std::string p = tmp.write(name, text);
-        frmDocument* doc = NewDocument();
-        QString err;
-        EXPECT_TRUE(doc->rtfText->LoadFile(QString::fromStdString(p), 1, &err));
-        doc->Tag = QString::fromStdString(p);
-        doc->SetSyntax();
-        doc->Changed = false;
-        Settle(); // activation arrives from the event loop and colours
-        return doc;
-    }
     // The slots of a stretch as digits, one per byte.
     static std::string Slots(frmDocument* d, int64_t from, int64_t n) {
         std::string s;
@@ -27,7 +16,7 @@ struct ColouringTest : AppFixture {
 
 TEST_F(ColouringTest, ActivationColoursALoadedFileByItsLanguage) {
     Start();
-    frmDocument* c = Open("x.c", "int main() { /* note */ return 0; } // end\n");
+    frmDocument* c = OpenFile("x.c", "int main() { /* note */ return 0; } // end\n");
     EXPECT_FALSE(c->ChangedHighLight);
     EXPECT_FALSE(c->Changed); // colouring is not an edit
     EXPECT_FALSE(c->CodingInProgress());
@@ -39,13 +28,13 @@ TEST_F(ColouringTest, ActivationColoursALoadedFileByItsLanguage) {
     EXPECT_EQ(Slots(c, at("// end"), 6), std::string(6, '4'));
     EXPECT_FALSE(c->rtfText->isUndoAvailable());
 
-    frmDocument* t = Open("notes.txt", "int main() /* not code */\n");
+    frmDocument* t = OpenFile("notes.txt", "int main() /* not code */\n");
     EXPECT_EQ(Slots(t, 0, 20), std::string(20, '0')); // plain text profile
 }
 
 TEST_F(ColouringTest, TypingMarksStaleAndEnterRecoloursTheLineLeft) {
     Start();
-    frmDocument* c = Open("y.c", "x\n");
+    frmDocument* c = OpenFile("y.c", "x\n");
     c->rtfText->SetSelStart(0);
     QTest::keyClicks(c->rtfText, "return ");
     EXPECT_TRUE(c->ChangedHighLight);
@@ -57,7 +46,7 @@ TEST_F(ColouringTest, TypingMarksStaleAndEnterRecoloursTheLineLeft) {
 
 TEST_F(ColouringTest, RefreshColourCodingRepaintsAndKeepsChanged) {
     Start();
-    frmDocument* c = Open("z.c", "int a;\n");
+    frmDocument* c = OpenFile("z.c", "int a;\n");
     c->rtfText->PaintRange(0, 3, ColorSlot::Text);
     c->Changed = true;
     main->Command("mnuViewRefreshColors")->trigger();
@@ -73,7 +62,7 @@ TEST_F(ColouringTest, ALongPassShowsItsProgressAndStaysResponsive) {
     Start();
     std::string big;
     while (big.size() < (3u << 20)) big += "for (int i = 0; i < n; i++) { /* body */ x = \"s\"; }\n";
-    frmDocument* c = Open("big.c", big);
+    frmDocument* c = OpenFile("big.c", big);
     EXPECT_TRUE(c->rtfText->isVisible());
     EXPECT_TRUE(c->lblColors->text().endsWith("Keywords/Identifiers Coded...") ||
                 c->lblColors->text() == "Coding Bracers and Delimiters...");
@@ -84,7 +73,7 @@ TEST_F(ColouringTest, ALongPassShowsItsProgressAndStaysResponsive) {
 
 TEST_F(ColouringTest, PasteColoursThePastedStretch) {
     Start();
-    frmDocument* c = Open("p.c", "\n");
+    frmDocument* c = OpenFile("p.c", "\n");
     QApplication::clipboard()->setText("while (1) {}\n// done");
     c->rtfText->SetSelStart(0);
     main->Command("mnuEditPaste")->trigger();

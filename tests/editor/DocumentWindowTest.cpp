@@ -15,7 +15,9 @@ TEST_F(DocumentWindowTest, SlotsAreReusedWhileUntitledNumbersOnlyGrow) {
     ASSERT_TRUE(Active());
     EXPECT_EQ(Active()->Caption(), "Untitled 1");
     frmDocument* two = NewDocument();
-    EXPECT_EQ(NewDocument()->Caption(), "Untitled 3");
+    frmDocument* three = NewDocument();
+    EXPECT_EQ(three->Caption(), "Untitled 3");
+    ASSERT_TRUE(three->CloseWith(frmDocument::vbFormControlMenu));
     ASSERT_TRUE(two->CloseWith(frmDocument::vbFormControlMenu));
     Settle();
     EXPECT_TRUE(Documents().IsFree(2));

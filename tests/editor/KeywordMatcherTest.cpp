@@ -122,12 +122,3 @@ TEST(KeywordMatcher, WordsLongerThanASixteenByteKeyword) {
         EXPECT_EQ(Painted(m, text, 0), Painted(m, text, int64_t(1) << 62)) << list;
     }
 }
-
-// "a1" hides the next "a1" right behind it (the search skips a byte); "a1a" one that shares its
-// last "a"; words cannot, nor can keywords whose byte below "A" never lines up with a repeat.
-TEST(KeywordMatcher, HidesOwnFinds) {
-    const std::vector<std::pair<const char*, bool>> cases = {{"a1", true},       {"a1a", true},
-                                                             {"1", true},        {"int", false},
-                                                             {"int32_t", false}, {"a b", false}};
-    for (auto& [keyword, hides] : cases) EXPECT_EQ(HidesOwnFinds(keyword), hides) << keyword;
-}

@@ -57,8 +57,5 @@ TEST(LineTransforms, LineStepsOverTheSelectedLines) {
 }
 
 TEST(LineTransforms, UnindentOnAShortLastLineRemovesNothing) {
-    auto r = LineCommand("ab\r\n    c", 0, 0, LineStep::Unindent, "    ");
-    EXPECT_TRUE(r.edits.empty());
-    EXPECT_EQ(IndentUnit(true, 4), "\t");
-    EXPECT_EQ(IndentUnit(false, 3), "   ");
+    EXPECT_TRUE(LineCommand("ab\r\n    c", 0, 0, LineStep::Unindent, "    ").edits.empty());
 }

@@ -14,7 +14,8 @@ struct TypingAidsTest : AppFixture {
 };
 } // namespace
 
-// Each case types into a document holding `text`, with the caret at its end.
+// Each case types into a document holding `text`, with the caret at its end or the whole text
+// selected.
 TEST_F(TypingAidsTest, TypedKeysGetTheirAids) {
     main->SetClipEntries({"printf(\"%d\\n\", x);", "Println", "while"});
     struct Case {
@@ -22,53 +23,35 @@ TEST_F(TypingAidsTest, TypedKeysGetTheirAids) {
         QString text, typed;
         Qt::Key key; // pressed after the typed text
         std::string want;
+        bool selectAll = false, autoBracers = true;
     };
+    const Qt::Key none = Qt::Key_unknown;
     const std::vector<Case> cases = {
         {"Enter keeps leading spaces", "    indented", "", Qt::Key_Return, "    indented\r\n    "},
         {"but not tabs", "\ttabbed", "", Qt::Key_Return, "\ttabbed\r\n"},
         {"Tab gives TabWidth spaces whatever the column", "a", "", Qt::Key_Tab, "a    "},
-        {"openers get their closers", "", "{\"", Qt::Key_unknown, "{\"\"}"},
+        {"openers get their closers", "", "{\"", none, "{\"\"}"},
+        {"an opener wraps the selection, whose closer is then just a character", "x", "()", none,
+         "(x))", true},
+        // A closer typed right before the one that typing put in steps over it, once.
+        {"closers step over", "", "f(a))", none, "f(a))"},
+        {"quotes step over", "", "s(\"x\")", none, "s(\"x\")"},
+        {"no closers when not asked", "", "[", none, "[", false, false},
         {"completion from the list", "", "pri", Qt::Key_Space, "printf(\"%d\\n\", x); "},
         {"two letters: no search", "", "wh", Qt::Key_Space, "wh "},
         {"no entry", "", "zzz", Qt::Key_Space, "zzz "},
         {"Enter completes before the line break", "", "  WHI", Qt::Key_Return, "  while\r\n  "},
     };
     for (const Case& c : cases) {
+        g_EditorSettings().AutoBracers = c.autoBracers;
         Edit()->SetText(c.text.toStdString());
-        Edit()->SetSelStart(Edit()->TextLength());
+        Edit()->SetSelStart(c.selectAll ? 0 : Edit()->TextLength());
+        Edit()->SetSelLength(c.selectAll ? Edit()->TextLength() : 0);
         Type(c.typed);
-        if (c.key != Qt::Key_unknown) Key(c.key);
+        if (c.key != none) Key(c.key);
         EXPECT_EQ(Edit()->Text(), c.want) << c.name;
         EXPECT_EQ(Edit()->SelLength(), 0) << c.name;
     }
-}
-
-TEST_F(TypingAidsTest, BracketsAndQuotesWrapTheSelection) {
-    Edit()->SetText("x");
-    Edit()->SetSelStart(0);
-    Edit()->SetSelLength(1);
-    Type("(");
-    EXPECT_EQ(Edit()->Text(), "(x)");
-    EXPECT_EQ(Edit()->SelStart(), 2);
-    EXPECT_EQ(Edit()->SelLength(), 0);
-    Type(")"); // a closer is just a character
-    EXPECT_EQ(Edit()->Text(), "(x))");
-
-    // A closer typed right before the one that typing put in steps over it, once.
-    Edit()->SetText("");
-    Type("f(a)");
-    EXPECT_EQ(Edit()->Text(), "f(a)");
-    EXPECT_EQ(Edit()->SelStart(), 4);
-    Type(")");
-    EXPECT_EQ(Edit()->Text(), "f(a))");
-    Edit()->SetText("");
-    Type("s(\"x\")");
-    EXPECT_EQ(Edit()->Text(), "s(\"x\")");
-    EXPECT_EQ(Edit()->SelStart(), 6);
-    g_EditorSettings().AutoBracers = false;
-    Edit()->SetText("");
-    Type("[");
-    EXPECT_EQ(Edit()->Text(), "[");
 }
 
 TEST_F(TypingAidsTest, TabInsertsATabIfAskedAndIndentsBlocks) {

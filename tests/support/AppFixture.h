@@ -6,6 +6,8 @@
 #include "components/HelpSystem.h"
 #include "editor/DocumentArray.h"
 #include "editor/frmDocument.h"
+#include "profiles/frmConfigAssocProfile.h"
+#include "search/DocumentSearch.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempDir.h"
 
@@ -34,6 +36,9 @@ class AppFixture : public ::testing::Test {
         SetHelpOpenerForTesting([](const QString&) { return true; });
     }
     void TearDown() override {
+        // The seams a test may have scripted.
+        SetModalRunnerForTesting(nullptr);
+        SetSearchDialogRunnerForTesting(nullptr);
         if (main) {
             // Close without questions: nothing of a test may wait for a dialog.
             for (frmDocument* d : Documents().OpenDocuments()) d->Changed = false;
@@ -55,6 +60,15 @@ class AppFixture : public ::testing::Test {
         for (int i = 0; i < 3; ++i) QApplication::processEvents();
     }
     QString Path(const std::string& name) const { return QString::fromStdString(tmp.file(name)); }
+    // A saved document holding text, opened as the user opens one, and active.
+    frmDocument* OpenFile(const std::string& name, std::string_view text) {
+        tmp.write(name, text);
+        QString error;
+        frmDocument* d = main->OpenFileInNewDocument(Path(name), {}, false, &error);
+        EXPECT_NE(d, nullptr) << error.toStdString();
+        Settle();
+        return d;
+    }
     QString Setting(const QString& key, const QString& section = "Settings") {
         return GetSetting("Kestrum", section, key, "<none>");
     }

@@ -5,41 +5,6 @@
 ScriptedDialogs::ScriptedDialogs() { cDialogs::Install(this); }
 ScriptedDialogs::~ScriptedDialogs() { cDialogs::Install(nullptr); }
 
-ScriptedDialogs& ScriptedDialogs::AnswerMsgBox(MsgResult r) {
-    answers_.push_back(Answer("MsgBox", r));
-    return *this;
-}
-ScriptedDialogs& ScriptedDialogs::AnswerFile(std::optional<QString> path) {
-    Answer a{"File"};
-    a.path = std::move(path);
-    answers_.push_back(a);
-    return *this;
-}
-ScriptedDialogs& ScriptedDialogs::AnswerInput(const QString& text) {
-    Answer a{"Input"};
-    a.path = text;
-    answers_.push_back(a);
-    return *this;
-}
-ScriptedDialogs& ScriptedDialogs::AnswerFont(std::optional<QFont> font) {
-    Answer a{"Font"};
-    a.font = std::move(font);
-    answers_.push_back(a);
-    return *this;
-}
-ScriptedDialogs& ScriptedDialogs::AnswerColor(std::optional<QColor> color) {
-    Answer a{"Color"};
-    a.color = color;
-    answers_.push_back(a);
-    return *this;
-}
-ScriptedDialogs& ScriptedDialogs::AnswerPrint(bool ok) {
-    Answer a{"Print"};
-    a.ok = ok;
-    answers_.push_back(a);
-    return *this;
-}
-
 std::optional<ScriptedDialogs::Answer> ScriptedDialogs::Next(const QString& kind,
                                                              const Question& q) {
     asked.push_back(q);

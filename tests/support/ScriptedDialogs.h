@@ -24,12 +24,24 @@ class ScriptedDialogs : public cDialogs {
     ScriptedDialogs();
     ~ScriptedDialogs() override;
 
-    ScriptedDialogs& AnswerMsgBox(MsgResult r);
-    ScriptedDialogs& AnswerFile(std::optional<QString> path);
-    ScriptedDialogs& AnswerInput(const QString& text);
-    ScriptedDialogs& AnswerFont(std::optional<QFont> font);
-    ScriptedDialogs& AnswerColor(std::optional<QColor> color);
-    ScriptedDialogs& AnswerPrint(bool ok);
+    ScriptedDialogs& AnswerMsgBox(MsgResult r) { return Push(Answer("MsgBox", r)); }
+    ScriptedDialogs& AnswerFile(std::optional<QString> path) { return Push(Answer("File", path)); }
+    ScriptedDialogs& AnswerInput(const QString& text) { return Push(Answer("Input", text)); }
+    ScriptedDialogs& AnswerFont(std::optional<QFont> font) {
+        Answer a("Font");
+        a.font = std::move(font);
+        return Push(std::move(a));
+    }
+    ScriptedDialogs& AnswerColor(std::optional<QColor> color) {
+        Answer a("Color");
+        a.color = color;
+        return Push(std::move(a));
+    }
+    ScriptedDialogs& AnswerPrint(bool ok) {
+        Answer a("Print");
+        a.ok = ok;
+        return Push(std::move(a));
+    }
 
     std::vector<Question> asked;
     // Answers still waiting; a test usually expects none at its end.
@@ -41,12 +53,12 @@ class ScriptedDialogs : public cDialogs {
     std::optional<QFont> FontDialog(const QFont& initial, const QString& title) override;
     std::optional<QColor> ColorDialog(const QColor& initial) override;
     bool PrintDialog(QPrinter& printer) override;
-    QString InputPrompt(const QString& prompt, const QString& title,
-                        const QString& def) override;
+    QString InputPrompt(const QString& prompt, const QString& title, const QString& def) override;
 
   private:
     struct Answer {
         explicit Answer(QString k, MsgResult m = MsgResult::Cancel) : kind(std::move(k)), msg(m) {}
+        Answer(QString k, std::optional<QString> p) : kind(std::move(k)), path(std::move(p)) {}
         QString kind;
         MsgResult msg = MsgResult::Cancel;
         std::optional<QString> path;
@@ -54,6 +66,10 @@ class ScriptedDialogs : public cDialogs {
         std::optional<QColor> color;
         bool ok = false;
     };
+    ScriptedDialogs& Push(Answer a) {
+        answers_.push_back(std::move(a));
+        return *this;
+    }
     std::optional<Answer> Next(const QString& kind, const Question& q);
     std::deque<Answer> answers_;
 };

@@ -38,15 +38,6 @@ struct ToolsFixture : AppFixture {
         });
         t->start();
     }
-    // A saved document holding text, active.
-    frmDocument* OpenFile(const std::string& name, std::string_view text) {
-        tmp.write(name, text);
-        QString error;
-        frmDocument* d = main->OpenFileInNewDocument(Path(name), {}, false, &error);
-        EXPECT_NE(d, nullptr) << error.toStdString();
-        Settle();
-        return d;
-    }
     // What a started console runs: the command line handed to the shell.
     static std::string Line(const Started& s) {
         return s.line.program == "sh" ? s.line.args.at(1) : s.line.args.at(5);

@@ -13,23 +13,17 @@ TEST(CaseTransforms, ChangesLettersOfTheDocumentsEncoding) {
     const auto U = CaseChange::Upper, L = CaseChange::Lower, C = CaseChange::Capitalize;
     std::vector<Case> cases = {
         {"hello WORLD", C, false, "Hello World"},
-        {"1st (abc dEF", C, false, "1st (abc Def"},
         {"a\tb\rc\nd\fe\vf", C, false, "A\tB\rC\nD\fE\vF"},
         {std::string("x\0y", 3), C, false, std::string("X\0Y", 3)},
-        {"it's-a", C, false, "It's-a"},
         {"\xE9t\xE9 \xD7\xF7\xFF\xDF", U, false, "\xC9T\xC9 \xD7\xF7\xFF\xDF"},
         {"\xC0\xDE\xD7Z", L, false, "\xE0\xFE\xD7z"},
         {"\xE9l\xE9ment", C, false, "\xC9l\xE9ment"},
         // The same bytes read as UTF-8 are not characters, and stay.
         {"\xE9t\xE9", U, true, "\xE9T\xE9"},
         {"\xC3\xA9t\xC3\xA9", U, true, "\xC3\x89T\xC3\x89"},
-        {"\xC3\x89T\xC3\x89", L, true, "\xC3\xA9t\xC3\xA9"},
         {"\xC3\xA9lan VITAL", C, true, "\xC3\x89lan Vital"},
-        {"\xE2\x82\xAC"
-         "abc",
-         C, true,
-         "\xE2\x82\xAC"
-         "abc"},
+        {std::string("\xE2\x82\xAC") + "abc", C, true, std::string("\xE2\x82\xAC") + "abc"},
+        {"\xC3\x89T\xC3\x89", L, true, "\xC3\xA9t\xC3\xA9"},
         {"\xC4\xB1x", U, true, "IX"}, // dotless i: two bytes become one
         {"\xD0\xB4\xD0\xB0", U, true, "\xD0\x94\xD0\x90"},
         {"", U, true, ""},
@@ -59,12 +53,10 @@ TEST(TextConversions, TabsSpacesAndLineEnds) {
         {"runs read from the left", SpacesToTabs("          x", 4), "\t\t  x"},
         {"inside a line too", SpacesToTabs("a  b   c", 2), "a\tb\t c"},
         {"zero changes nothing", SpacesToTabs("a    b", 0), "a    b"},
-        {"negative changes nothing", SpacesToTabs("a    b", -4), "a    b"},
         {"longer than the text", SpacesToTabs("a  b", 9), "a  b"},
         {"dos", ToDosLineEnds("a\nb\r\n"), "a\r\nb\r\r\n"},
         {"dos twice doubles CRs", ToDosLineEnds(ToDosLineEnds("a\nb")), "a\r\r\nb"},
         {"unix", ToUnixLineEnds("a\r\nb\rc\r"), "a\nbc"},
-        {"unix without CRs", ToUnixLineEnds("a\nb"), "a\nb"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.got, c.want) << c.name;
     EXPECT_EQ(TabsToSpacesSize("a\t\tb", 3), 8u);
@@ -84,7 +76,6 @@ TEST(TextConversions, LinesAsTheControlCountsThem) {
         {"middle, caret at its start", t, 4, {4, 2}, {4, 4}},
         {"between CR and LF", t, 3, {0, 2}, {0, 4}},
         {"last line keeps the line end before it", t, 9, {8, 2}, {8, 2}},
-        {"only line", "abc", 2, {0, 3}, {0, 3}},
         {"empty last line behind CR LF", "ab\r\n", 4, {4, 0}, {4, 0}},
         {"lone CR ends a line", "a\rb\nc", 2, {2, 1}, {2, 2}},
         {"CR before CR LF", "a\r\r\nb", 2, {2, 0}, {2, 2}},
