@@ -64,8 +64,11 @@ std::vector<std::string> SampleArgs(std::vector<std::string> extra) {
     return a;
 }
 
-// The reference painter's colours of a document, in the tool's format.
-std::string RunsOf(RefDocument& d) {
+// The reference painter's colours of a data file under the settings, in the tool's format.
+std::string ReferenceRuns(const std::string& file, const EditorSettings& settings) {
+    RefDocument d(ToCrLf(ReadFileBytes(DataFile(file))));
+    d.settings = settings;
+    d.flags = {false, true};
     RefColorCode(d);
     std::string out;
     for (size_t i = 0, j; i < d.slots.size(); i = j) {
@@ -76,16 +79,13 @@ std::string RunsOf(RefDocument& d) {
     return out;
 }
 
-// The runs of the reference painter for the same command, in the tool's format.
+// The reference painter's runs for the same command.
 std::string ReferenceRuns(const std::vector<std::string>& args) {
     std::string error;
     auto command = ParsePaintCommand(args, error);
     KeywordLists lists;
     ReadKeywordListFile(DataFile(command->keywordFile), lists, error);
-    RefDocument d(ToCrLf(ReadFileBytes(DataFile(command->file))));
-    d.settings = PaintSettings(*command, lists);
-    d.flags = {false, true};
-    return RunsOf(d);
+    return ReferenceRuns(command->file, PaintSettings(*command, lists));
 }
 
 // The reference painter's runs for a sample coloured with a shipped profile (by default the
@@ -93,10 +93,9 @@ std::string ReferenceRuns(const std::vector<std::string>& args) {
 std::string ReferenceRunsWithProfile(const std::string& file, std::string profile = {}) {
     if (profile.empty()) profile = DefaultProfileFor(SyntaxExtension(file));
     EXPECT_FALSE(profile.empty()) << file;
-    RefDocument d(ToCrLf(ReadFileBytes(DataFile(file))));
-    ReadProfile(ReadFileBytes(Env("KESTRUM_BUILD_DIR") + "/PROFILES/" + profile), d.settings);
-    d.flags = {false, true};
-    return RunsOf(d);
+    EditorSettings settings;
+    ReadProfile(ReadFileBytes(Env("KESTRUM_BUILD_DIR") + "/PROFILES/" + profile), settings);
+    return ReferenceRuns(file, settings);
 }
 
 } // namespace

@@ -66,7 +66,8 @@ TEST(RtfCodec, SmallColouredTextMatchesTheGoldenFile) {
     ExpectSameColours(text, slots, back.styles);
 }
 
-// Characters are escaped for the document's encoding; colours change only where the slot does.
+// Characters are escaped for the document's encoding (braces, backslashes, tabs and line ends
+// are in the golden file); colours change only where the slot does.
 TEST(RtfCodec, TheBodyEscapesCharactersAndMarksEachChangeOfColour) {
     struct Case {
         std::string text;
@@ -75,9 +76,6 @@ TEST(RtfCodec, TheBodyEscapesCharactersAndMarksEachChangeOfColour) {
         std::string slots = {};
     };
     const std::vector<Case> cases = {
-        {"a\\b{c}d", false, "a\\\\b\\{c\\}d"},
-        {"x\ty", true, "x\\tab y"},
-        {"one\r\ntwo\r\n", true, "one\\par\ntwo\\par\n"},
         {"caf\xE9 \x80", false, "caf\\'e9 \\'80"},
         {"caf\xC3\xA9", true, "caf\\u233?"},
         {"\xEF\xBF\xBD", true, "\\u-3?"},                  // U+FFFD, above 0x7FFF

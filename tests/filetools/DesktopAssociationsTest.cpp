@@ -37,7 +37,8 @@ TEST(DesktopAssociations, ExecArgumentsQuotedOnlyWhenNeeded) {
 }
 
 // An entry written and read back gives its types and verbs again, escapes and all, and an
-// entry holding a backslash or a line break keeps each on its own line of the file.
+// entry holding a backslash or a line break keeps each on its own line of the file. The lines
+// of a written entry are read in the association dialog's test.
 TEST(DesktopAssociations, DesktopEntryReadsBackItsTypesAndVerbs) {
     DesktopEntryFields f;
     f.name = "&Open in Kestrum";
@@ -48,10 +49,6 @@ TEST(DesktopAssociations, DesktopEntryReadsBackItsTypesAndVerbs) {
     f.verbs = {{"print", "&Print", QuoteExecArgument("/opt/my apps/kestrum") + " /p %f"},
                {"new", "Ne&w && more", "kestrum /n %f"}};
     const std::string text = DesktopEntryText(f);
-    EXPECT_NE(text.find("\nName=Open in Kestrum\n"), std::string::npos);
-    EXPECT_NE(text.find("\nExec=\"/opt/my apps/kestrum\" %f\n"), std::string::npos);
-    EXPECT_NE(text.find("\nMimeType=text/x-csrc;text/x-kestrum-kws;\n"), std::string::npos);
-    EXPECT_NE(text.find("\nActions=print;new;\n"), std::string::npos);
     EXPECT_EQ(MimeTypesOfDesktopEntry(text), f.mimeTypes);
     std::vector<DesktopVerb> verbs = VerbsOfDesktopEntry(text);
     ASSERT_EQ(verbs.size(), 2u);

@@ -62,10 +62,7 @@ TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalReco
         {"/tmp/archive.tar.gz", "gz", "Archive Profile"},
         {"/tmp/index.HtMl", "HtMl", "HTML Default Profile"},
         {"/tmp/Makefile", "", ""},
-        // Only extensions are looked up: CMake's usual file name reads as a text file.
-        {"/src/CMakeLists.txt", "txt", "Text Files - No Syntax"},
         {"/tmp/notes.", "", ""},
-        {"", "", ""},
         {".profile", "profile", ""},
         {"/tmp/data.xyz", "xyz", ""},
         {"/tmp/switched.off", "off", ""},

@@ -25,27 +25,19 @@ TEST(ToolDoCommand, ExpandMacros) {
     const struct {
         const char* name;
         std::vector<std::string> args; // after the subcommand's name
-        int status;
-        const char* out;
-        const char* err; // a part of the one line on stderr; "" for none
+        const char* out;               // "": a usage error, status 2 and one line on stderr
     } cases[] = {
-        {"path, folder and name", {"cc %F -o %L", "$prog.c"}, 0, "cc $prog.c -o $prog\n", ""},
+        {"path, folder and name", {"cc %F -o %L", "$prog.c"}, "cc $prog.c -o $prog\n"},
         {"quoting form",
          {"--dos-command", "cc %F -o %T.o", "$prog.c"},
-         0,
-         "cc \"$prog.c -o prog.o\"\n",
-         ""},
+         "cc \"$prog.c -o prog.o\"\n"},
         {"never saved: every path empty",
          {"--unsaved", "cc %F%f [%P%N%T%L]", "$prog.c"},
-         0,
-         "cc  []\n",
-         ""},
-        {"relative FILE made absolute", {"%F", "prog.c"}, 0, "$prog.c\n", ""},
-        {"--select changes nothing", {"%N", "$prog.c"}, 0, "prog.c\n", ""},
-        {"unknown option", {"--quote", "%F", "$prog.c"}, 2, "", "--quote"},
-        {"missing command line", {"$prog.c"}, 2, "", "missing"},
-        {"extra argument", {"a", "b", "$prog.c"}, 2, "", "extra"},
-        {"unreadable FILE", {"%F", "$missing.c"}, 2, "", "missing.c"},
+         "cc  []\n"},
+        {"relative FILE made absolute", {"%F", "prog.c"}, "$prog.c\n"},
+        {"--select changes nothing", {"%N", "$prog.c"}, "prog.c\n"},
+        // The usage errors that every subcommand shares are the frame's test.
+        {"missing command line", {"$prog.c"}, ""},
     };
     const std::vector<DoCommand> table = ToolDoCommands();
     const QString cwd = QDir::currentPath();
@@ -57,15 +49,10 @@ TEST(ToolDoCommand, ExpandMacros) {
         args.push_back("expand-macros");
         for (const std::string& a : k.args) args.push_back(Sub(a, tmp.path()));
         std::ostringstream out, err;
-        EXPECT_EQ(RunKestrumDo(args, table, out, err), k.status);
+        EXPECT_EQ(RunKestrumDo(args, table, out, err), *k.out ? 0 : 2);
         EXPECT_EQ(out.str(), Sub(k.out, tmp.path()));
         const std::string e = err.str();
-        if (*k.err) {
-            EXPECT_NE(e.find(k.err), std::string::npos) << e;
-            EXPECT_EQ(std::count(e.begin(), e.end(), '\n'), 1) << e;
-        } else {
-            EXPECT_EQ(e, "");
-        }
+        EXPECT_TRUE(*k.out ? e.empty() : std::count(e.begin(), e.end(), '\n') == 1) << e;
     }
     QDir::setCurrent(cwd);
 }
