@@ -6,11 +6,10 @@
 #include <QDialog>
 #include <functional>
 #include <string>
-#include <string_view>
 
+class CaptureView;
 class QTimer;
 class QToolBar;
-class QsciScintilla;
 
 class frmCompilerOutput : public QDialog {
     Q_OBJECT
@@ -27,31 +26,21 @@ class frmCompilerOutput : public QDialog {
     // The double click on line n (0-based) of the output.
     void txtOutput_DblClick(int line);
     QString OutputText() const;
-    // Whether the output's byte at pos lies on a line marked as a link.
-    bool IsLinkAt(long pos) const;
     // The most bytes read and appended in one step (tests make it small).
     void SetSliceForTesting(std::size_t bytes) { slice_ = bytes; }
 
     QToolBar* tbCompilerOut = nullptr;
-    QsciScintilla* txtOutput = nullptr;
+    CaptureView* txtOutput = nullptr;
     QTimer* Timer1 = nullptr;
 
   protected:
     void done(int r) override;
-    bool eventFilter(QObject* o, QEvent* e) override;
 
   private:
-    void SetBytes(const std::string& bytes, bool append);
-    // Marks the lines completed by bytes appended at position at; a line cut between two
-    // appends is found when its end arrives.
-    void MarkLinks(long at, std::string_view bytes);
-    // The first bytes of line n, as far as a location is looked for.
-    std::string LineHead(int line) const;
     CaptureTail tail_;
     QString baseDir_;
     bool unloaded_ = false;
     std::size_t slice_;
     bool stepQueued_ = false;
-    long lineStart_ = 0;   // where the line still to be ended begins
-    std::string lineHead_; // its first bytes so far
+    bool failed_ = false; // the view shows that the file could not be read
 };

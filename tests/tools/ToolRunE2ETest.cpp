@@ -1,6 +1,7 @@
 // A real shell command run from the Run dialog with its output captured: the output window
 // shows it with the exit status, and a double click on the error line opens the file there.
 #include "support/AppFixture.h"
+#include "tools/CaptureView.h"
 #include "tools/frmCompilerOutput.h"
 #include "tools/frmRunCompiler.h"
 
@@ -9,7 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
-#include <Qsci/qsciscintilla.h>
+#include <QScrollBar>
 #include <sys/stat.h>
 
 TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
@@ -40,11 +41,10 @@ TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
                 QTest::qWait(50);
             shown = out->OutputText().toStdString();
             // Double click on the second line, where the error stands.
-            auto* sci = out->txtOutput;
-            long pos = sci->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, 1);
-            int x = int(sci->SendScintilla(QsciScintillaBase::SCI_POINTXFROMPOSITION, 0, pos)) + 4;
-            int y = int(sci->SendScintilla(QsciScintillaBase::SCI_POINTYFROMPOSITION, 0, pos)) + 4;
-            QTest::mouseDClick(sci->viewport(), Qt::LeftButton, {}, QPoint(x, y));
+            auto* view = out->txtOutput;
+            view->verticalScrollBar()->setValue(0);
+            QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
+                               view->LineRect(1).topLeft() + QPoint(8, 4));
             Settle();
             opened = main->ActiveForm();
             out->close();
