@@ -100,12 +100,14 @@ std::string ReferenceRunsWithProfile(const std::string& file, std::string profil
 
 } // namespace
 
-// What the options do is in the golden outputs below; "--" ends them.
+// What the options do is in the golden outputs below; "--" ends them, and "\n" is a closer
+// held as CR LF, as the editor holds line ends.
 TEST(PaintCommand, ADoubleDashEndsTheOptions) {
     std::string error;
-    auto plain = ParsePaintCommand({"--", "-odd name"}, error);
+    auto plain = ParsePaintCommand({"--delimiter", "//", "\\n", "1", "--", "-odd name"}, error);
     ASSERT_TRUE(plain) << error;
     EXPECT_EQ(plain->file, "-odd name");
+    EXPECT_EQ(plain->delimiters, (std::vector<DelimiterPair>{{"//", "\r\n", 1}}));
     EXPECT_EQ(plain->format, PaintFormat::Runs);
     EXPECT_TRUE(PaintSettings(*plain, {}).CodeOrder);
 }
@@ -234,7 +236,6 @@ TEST(PaintCommand, ErrorExits) {
         {"no-such-file.c"},
         {"--keywords", "no-such.kwd", "sample.c"},
         {"."}, // a folder
-        {"--delimiter", "/*", "*/", "9", "sample.c"},
     };
     for (auto& args : cases) {
         ToolRun r = RunPaint(args);

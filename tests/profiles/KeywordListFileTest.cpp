@@ -12,38 +12,34 @@ TEST(KeywordListFile, Import) {
         KeywordLists lists;
     };
     const auto O = KeywordImportRule::Options, C = KeywordImportRule::CreateProfile;
+    const auto L = KeywordList;
+    const std::string E = "\\NL\\\r\n"; // a list's end
     const std::vector<Case> cases = {
         {"three lists",
-         "if\r\nfor\r\n\\NL\\\r\nint\r\n\\NL\\\r\n#if\r\n\\NL\\\r\n",
+         "if\r\nfor\r\n" + E + "int\r\n" + E + "#if\r\n" + E,
          O,
-         {KeywordList({"if", "for"}), KeywordList({"int"}), KeywordList({"#if"})}},
+         {L({"if", "for"}), L({"int"}), L({"#if"})}},
         {"empty file", "", O, {"", "", ""}},
-        {"no list end loads into the first list",
-         "a\r\nb\r\n",
-         O,
-         {KeywordList({"a", "b"}), "", ""}},
+        {"no list end loads into the first list", "a\r\nb\r\n", O, {L({"a", "b"}), "", ""}},
         {"fourth section goes on in the third",
-         "a\r\n\\NL\\\r\nb\r\n\\NL\\\r\nc\r\n\\NL\\\r\nd\r\n\\NL\\\r\n",
+         "a\r\n" + E + "b\r\n" + E + "c\r\n" + E + "d\r\n" + E,
          O,
-         {KeywordList({"a"}), KeywordList({"b"}), KeywordList({"c", "d"})}},
+         {L({"a"}), L({"b"}), L({"c", "d"})}},
         {"blank lines skipped, entries kept as they stand",
          "  \r\n\r\n  lead\r\ntab\t\r\n",
          O,
-         {KeywordList({"  lead", "tab\t"}), "", ""}},
+         {L({"  lead", "tab\t"}), "", ""}},
         {"list end is exact and case-sensitive",
          "\\nl\\\r\n \\NL\\\r\n\\NL\\ \r\n",
          O,
-         {KeywordList({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
-        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {KeywordList({"~x"}), "", ""}},
-        {"a tilde is a comment to the profile dialog",
-         "  ~x\r\nx~\r\n",
-         C,
-         {KeywordList({"x~"}), "", ""}},
+         {L({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
+        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {L({"~x"}), "", ""}},
+        {"a tilde is a comment to the profile dialog", "  ~x\r\nx~\r\n", C, {L({"x~"}), "", ""}},
         {"the profile dialog keeps empty lines",
          "a\r\n\r\n  \r\n",
          C,
-         {KeywordList({"a", "", "  "}), "", ""}},
-        {"lone LF and CR end lines too", "a\nb\rc", O, {KeywordList({"a", "b", "c"}), "", ""}},
+         {L({"a", "", "  "}), "", ""}},
+        {"lone LF and CR end lines too", "a\nb\rc", O, {L({"a", "b", "c"}), "", ""}},
     };
     for (auto& c : cases) EXPECT_EQ(ParseKeywordListFile(c.file, c.rule), c.lists) << c.name;
 }

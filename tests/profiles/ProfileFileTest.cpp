@@ -198,6 +198,19 @@ TEST(ProfileFile, EveryTruncationGivesThePartialRecordInFieldOrder) {
     EXPECT_EQ(lastSet, full.size());
 }
 
+// The reader stops in front of a length that runs past the end, not behind it.
+TEST(ProfileFile, ALengthPastTheEndStopsReadingInFrontOfTheField) {
+    std::string bytes = Encode(Rich()); // whole, but its second list claims 65,535 bytes
+    const size_t second = 2 + Rich().Keywords[0].size();
+    bytes.replace(second, 2, "\xFF\xFF");
+    EditorSettings s = Sentinel(), want = Sentinel();
+    ProfileReadResult r = ReadProfile(bytes, s);
+    EXPECT_EQ(r.status, ProfileReadStatus::Short);
+    EXPECT_EQ(r.length, second);
+    want.Keywords[0] = Rich().Keywords[0];
+    EXPECT_EQ(s, want);
+}
+
 TEST(ProfileFile, FilesThatAreEmptyMissingOrFolders) {
     TempDir dir;
     EditorSettings s = Sentinel();

@@ -48,7 +48,8 @@ TEST(ShippedProfiles, TheFolderHoldsExactlyTheProfilesOfTheTable) {
 }
 
 TEST(ShippedProfiles, EachLanguageHasItsSyntaxOnTheProgramsDefaults) {
-    for (const auto& [name, s] : ReadAll()) {
+    std::map<std::string, EditorSettings> all = ReadAll();
+    for (const auto& [name, s] : all) {
         SCOPED_TRACE(name);
         // Plain text has neither lists nor pairs; every language has keywords and a comment,
         // but for JSON, which has no comments.
@@ -69,4 +70,9 @@ TEST(ShippedProfiles, EachLanguageHasItsSyntaxOnTheProgramsDefaults) {
         defaults.CodeOrder = s.CodeOrder;
         EXPECT_EQ(s, defaults);
     }
+    // Whether case matters; C's and SQL's show in their golden colourings as well.
+    for (std::string name : {"Java", "Perl 5", "PHP3", "CMake", "Dockerfile"})
+        EXPECT_TRUE(all[name + " Default Profile"].CaseSensitive) << name;
+    for (std::string name : {"Object Pascal", "QBASIC", "Ada", "FORTRAN", "COBOL", "HTML", "CSS"})
+        EXPECT_FALSE(all[name + " Default Profile"].CaseSensitive) << name;
 }

@@ -25,6 +25,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     printf("%ld lines\n", count_lines(f));
+    long Int = 0, Return = 1; // no keywords: case matters
     fclose(f);
     return 0;
 }

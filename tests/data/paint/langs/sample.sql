@@ -17,3 +17,5 @@ HAVING SUM(amount) > 100
 ORDER BY total DESC;
 
 UPDATE orders SET status = 'S' WHERE id IN (SELECT id FROM orders WHERE amount IS NULL);
+-- Case does not matter:
+select count(*) from orders where status = 'S';
