@@ -57,7 +57,7 @@ namespace {
 // them stay; a dense one is replaced whole, from its first occurrence to its last.
 constexpr size_t kSparseStretch = 32;
 constexpr int64_t kStretchBytes = 256 * 1024;
-constexpr int kYieldMs = 50;
+constexpr int kYieldMs = 20;
 
 } // namespace
 
@@ -68,59 +68,78 @@ void ReplaceAllInDocument(RichEdit& rtf, bool inSelection, std::string_view find
     const int64_t rangeLength = inSelection ? rtf.SelLength() : rtf.TextLength();
     if (rangeLength <= 0) return;
 
-    // The occurrences and the new text of each stretch, worked out over the text as it is.
-    std::vector<TextEdit> edits;
-    {
-        std::string_view range = rtf.TextViewFrom(rangeStart).substr(0, size_t(rangeLength));
-        std::vector<ReplaceSpan> group;
-        auto flush = [&] {
-            if (group.empty()) return;
-            if (group.size() <= kSparseStretch) {
-                for (const ReplaceSpan& s : group)
-                    edits.push_back({rangeStart + s.start, s.length, std::string(replacement)});
-            } else {
-                TextEdit e{rangeStart + group.front().start, 0, {}};
-                int64_t at = group.front().start;
-                for (const ReplaceSpan& s : group) {
-                    e.text.append(range.substr(size_t(at), size_t(s.start - at)));
-                    e.text.append(replacement);
-                    at = s.start + s.length;
-                }
-                e.length = rangeStart + at - e.start;
-                edits.push_back(std::move(e));
-            }
-            group.clear();
-        };
-        ForEachReplaceSpan(range, find, matchCase, [&](ReplaceSpan s) {
-            if (!group.empty() && s.start - group.front().start > kStretchBytes) flush();
-            group.push_back(s);
-        });
-        flush();
-    }
-    // Replacing an occurrence by the same bytes changes nothing: leave Changed alone.
-    edits.erase(std::remove_if(edits.begin(), edits.end(),
-                               [&](const TextEdit& e) {
-                                   return e.text == rtf.TextViewFrom(e.start).substr(
-                                                        0, size_t(e.length));
-                               }),
-                edits.end());
-    if (edits.empty()) return;
-
     QPointer<RichEdit> guard(&rtf);
     QElapsedTimer clock;
     clock.start();
+    // Serves the event loop once the time is up; false when the control went meanwhile.
+    auto yieldOnTime = [&] {
+        if (clock.elapsed() < kYieldMs) return true;
+        // As the painter does: paint and serve timers, but take no input meanwhile.
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        clock.restart();
+        return !guard.isNull();
+    };
+
+    // The occurrences, then the new text of each stretch, worked out over the text as it is.
+    // The event loop is served between stretches; should the text change meanwhile, the
+    // work starts again over the new text.
+    std::vector<TextEdit> edits;
+    for (bool planned = false; !planned;) {
+        const quint64 version = rtf.Version();
+        auto range = [&] { return rtf.TextViewFrom(rangeStart).substr(0, size_t(rangeLength)); };
+        std::vector<ReplaceSpan> spans;
+        ForEachReplaceSpan(range(), find, matchCase, [&](ReplaceSpan s) { spans.push_back(s); });
+        edits.clear();
+        planned = true;
+        for (size_t first = 0, next; first < spans.size(); first = next) {
+            for (next = first + 1;
+                 next < spans.size() && spans[next].start - spans[first].start <= kStretchBytes;)
+                ++next;
+            const std::string_view text = range();
+            if (next - first <= kSparseStretch) {
+                // The few occurrences of the stretch, each replaced by itself, unless the
+                // replacement is the same bytes (which changes nothing).
+                for (size_t i = first; i < next; ++i)
+                    if (text.substr(size_t(spans[i].start), size_t(spans[i].length)) !=
+                        replacement)
+                        edits.push_back({rangeStart + spans[i].start, spans[i].length,
+                                         std::string(replacement)});
+            } else {
+                TextEdit e{rangeStart + spans[first].start, 0, {}};
+                int64_t at = spans[first].start;
+                for (size_t i = first; i < next; ++i) {
+                    e.text.append(text.substr(size_t(at), size_t(spans[i].start - at)));
+                    e.text.append(replacement);
+                    at = spans[i].start + spans[i].length;
+                }
+                e.length = rangeStart + at - e.start;
+                if (e.text != text.substr(size_t(e.start - rangeStart), size_t(e.length)))
+                    edits.push_back(std::move(e));
+            }
+            if (!yieldOnTime()) return;
+            if (rtf.Version() != version) {
+                planned = false;
+                break;
+            }
+        }
+    }
+    if (edits.empty()) return;
     // The control grows its buffers once, to the final size, as a step of its own between two
     // turns of the event loop: the first longer edit would otherwise do it in the middle of
     // the replacing, on top of the planning before it.
     int64_t growth = 0;
     for (const TextEdit& e : edits) growth += int64_t(e.text.size()) - e.length;
     if (growth > 0) {
+        const quint64 version = rtf.Version();
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         if (!guard) return;
         rtf.SendScintilla(QsciScintillaBase::SCI_ALLOCATE,
                           static_cast<unsigned long>(rtf.TextLength() + growth + 1));
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         if (!guard) return;
+        // The plan holds for the text it was made over only.
+        if (rtf.Version() != version)
+            return ReplaceAllInDocument(rtf, inSelection, find, replacement, matchCase);
         clock.restart();
     }
     int64_t delta = 0;
@@ -130,12 +149,7 @@ void ReplaceAllInDocument(RichEdit& rtf, bool inSelection, std::string_view find
         rtf.SetSelLength(e.length);
         rtf.SetSelText(e.text);
         delta += int64_t(e.text.size()) - e.length;
-        if (clock.elapsed() >= kYieldMs) {
-            // As the painter does: paint and serve timers, but take no input meanwhile.
-            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-            if (!guard) return;
-            clock.restart();
-        }
+        if (!yieldOnTime()) return;
     }
     rtf.endUndoAction();
     if (inSelection) {
