@@ -167,6 +167,8 @@ class RichEdit : public QsciScintilla {
     LineEndStyle lineEnds_ = LineEndStyle::CrLf;
     long Sci(unsigned int msg, unsigned long w = 0, long l = 0) const;
     long SciPtr(unsigned int msg, unsigned long w, const void* p) const;
+    // Sizes the control's buffers for a file being loaded, from its first converted piece.
+    void MakeRoomForFile(int64_t fileSize, size_t pieceSize, std::string_view converted);
     void ApplyFont();
     void ApplyColors();
     void NotifySelChange();

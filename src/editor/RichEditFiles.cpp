@@ -6,8 +6,27 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 void RichEdit::ResetEncoding(bool utf8) {
     setUtf8(utf8);
+}
+
+void RichEdit::MakeRoomForFile(int64_t fileSize, size_t pieceSize, std::string_view converted) {
+    // The control grows its text, style and line buffers by copying them into larger ones,
+    // so that at each growth the old and the new are held together: they are given their
+    // final sizes at once, as the first piece of the file foretells them, with a little to
+    // spare for line ends that grow from LF to CR LF or lines shorter further on. A file
+    // that turns out otherwise merely grows the buffers as usual.
+    if (fileSize <= 0 || pieceSize == 0) return;
+    const double scale = double(fileSize) / double(pieceSize);
+    const bool whole = int64_t(pieceSize) >= fileSize;
+    const int64_t bytes = int64_t(double(converted.size()) * scale);
+    Sci(SCI_ALLOCATE, static_cast<unsigned long>(whole ? bytes + 1 : bytes + bytes / 64 + 4096));
+    const auto lines = std::count(converted.begin(), converted.end(), '\n');
+    constexpr int kAllocateLines = 2089; // not named in the control's header
+    Sci(kAllocateLines,
+        static_cast<unsigned long>(double(lines) * scale * (whole ? 1.0 : 1.02)) + 16);
 }
 
 bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
@@ -32,9 +51,8 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
     bool hadText = TextLength() > 0;
     DropDeferredStyles(); // the events that would drop it are off
     Sci(SCI_CLEARALL);
-    if (f.size() > 0) Sci(SCI_ALLOCATE, f.size() + f.size() / 32 + 1024);
     bool ok = true;
-    for (;;) {
+    for (bool first = true;; first = false) {
         qint64 n = f.read(raw.data(), qint64(raw.size()));
         if (n < 0) {
             ok = false;
@@ -45,6 +63,7 @@ bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
         utf8.Feed(piece);
         converted.clear();
         norm.Feed(piece, converted);
+        if (first) MakeRoomForFile(f.size(), piece.size(), converted);
         SciPtr(SCI_APPENDTEXT, converted.size(), converted.data());
     }
     converted.clear();

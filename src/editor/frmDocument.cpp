@@ -339,7 +339,7 @@ constexpr int64_t kDeferStylesFrom = 64 << 10;
 } // namespace
 
 PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)>& pass,
-                                   int64_t viewStart, bool showProgress) {
+                                   int64_t viewStart, bool showProgress, bool wholeText) {
     // The pass works on copies: the event loop runs inside it, and should this window go
     // away meanwhile, nothing may be written into it afterwards.
     QPointer<frmDocument> self(this);
@@ -347,7 +347,9 @@ PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)
     EditorSettings settings = settings_;
     // The painter never reads in front of the range it colours, so it sees the text from the
     // range's start on, and its positions count from there.
-    SlotBuffer painted(0, 0);
+    // A whole text's slots are made room for at once: grown by doubling, the old and the new
+    // buffer would be held together at the last growth, half as much again as the text.
+    SlotBuffer painted(0, wholeText ? rtfText->TextLength() - viewStart : 0);
     const quint64 version = rtfText->Version();
     PaintContext ctx{rtfText->TextViewFrom(viewStart), settings, flags, painted, nullptr, nullptr};
     ctx.Yield = [self, version] {
@@ -404,7 +406,7 @@ void frmDocument::ColorCode() {
         rtfText->SetRedraw(false);
     }
     QPointer<frmDocument> self(this);
-    RunPainter([](PaintContext& c) { return ::ColorCode(c); }, 0, hide);
+    RunPainter([](PaintContext& c) { return ::ColorCode(c); }, 0, hide, true);
     if (!self) return; // the window went while the pass yielded
     if (hide) {
         rtfText->setVisible(true);

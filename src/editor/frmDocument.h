@@ -111,9 +111,10 @@ class frmDocument : public QWidget, public RichEditEvents {
     // Form_QueryUnload: true cancels the close.
     bool Form_QueryUnload(int unloadMode);
     // Runs a painter pass over this window's text from viewStart on and applies what it
-    // painted; the pass counts positions from viewStart.
+    // painted; the pass counts positions from viewStart. wholeText: the pass paints every
+    // position, so that its slots are made room for once.
     PassResult RunPainter(const std::function<PassResult(PaintContext&)>& pass, int64_t viewStart,
-                          bool showProgress);
+                          bool showProgress, bool wholeText = false);
     void Form_Unload();
 
     EditorSettings settings_;
