@@ -25,31 +25,6 @@ TEST(TipFile, LinesSplitAtEveryKindOfLineEnd) {
         EXPECT_EQ(SplitTipLines(c.text), c.tips) << testing::PrintToString(c.text);
 }
 
-TEST(TipFile, NotFoundText) {
-    EXPECT_EQ(TipFileNotFoundText(), "That the Kestrum.dat file was not found? ");
-}
-
-TEST(TipOfTheDay, StartsAtTheFirstTipAndWrapsBehindTheLast) {
-    TempDir dir;
-    std::string file = dir.write("Kestrum.dat", "first\r\nsecond\r\nthird\r\n");
-    TipOfTheDay tips;
-    EXPECT_EQ(tips.CurrentTip(), std::nullopt);
-    ASSERT_TRUE(tips.LoadTips(file));
-    EXPECT_EQ(tips.Count(), 3u);
-    std::vector<std::string> shown;
-    for (int i = 0; i < 5; ++i) {
-        shown.push_back(tips.CurrentTip().value_or("<none>"));
-        tips.DoNextTip();
-    }
-    EXPECT_EQ(shown, (Lines{"first", "second", "third", "first", "second"}));
-
-    // Every showing of the window starts over at the file's first tip.
-    TipOfTheDay again;
-    ASSERT_TRUE(again.LoadTips(file));
-    EXPECT_EQ(again.CurrentTip(), "first");
-    EXPECT_EQ(again.CurrentNumber(), 1u);
-}
-
 // No file, or a folder in its place, loads nothing; an empty file loads but has no tip.
 TEST(TipOfTheDay, NoFileOrAnEmptyOneShowsNoTip) {
     TempDir dir;

@@ -46,7 +46,6 @@ TEST(PrintDoCommand, CommandLines) {
          Any,
          "PROFILES/"},
         {"no --pdf", {c}, 2, false, Any, "--pdf"},
-        {"extra argument", {"--pdf", pdf, "x", c}, 2, false, Any, "extra argument"},
         {"unwritable PDF path",
          {"--pdf", tmp.file("missing/out.pdf"), c},
          0,
