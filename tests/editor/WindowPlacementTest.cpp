@@ -25,7 +25,9 @@ TEST(WindowPlacement, CascadeKeepsWindowsUsefullyLargeAndInside) {
             EXPECT_LE(r.x + r.width, 900);
             EXPECT_LE(r.y + r.height, 600);
             // Up to eight windows, each title bar shows below the one before.
-            if (i > 0 && count <= 8) EXPECT_EQ(r.y - rects[i - 1].y, 28);
+            if (i > 0 && count <= 8) {
+                EXPECT_EQ(r.y - rects[i - 1].y, 28);
+            }
         }
     }
     EXPECT_EQ(CascadeAll(1, 900, 600, 28)[0], (WindowRect{0, 0, 900, 600}));
