@@ -70,7 +70,6 @@ TEST(ChannelPlace, WithoutARuntimeFolderAPrivateFolderIsUsed) {
         {"ours already", [](const TempDir& t) { MakeFolder(t.file(kUser), 0700); }, kUser},
         {"open to the group", [](const TempDir& t) { MakeFolder(t.file(kUser), 0750); },
          kUser + "-1"},
-        {"open to all", [](const TempDir& t) { MakeFolder(t.file(kUser), 01777); }, kUser + "-1"},
         {"a link to a private folder",
          [](const TempDir& t) {
              MakeFolder(t.file("real"), 0700);

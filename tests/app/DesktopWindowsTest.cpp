@@ -1,10 +1,9 @@
 // The tip of the day, the About box and the folder dialog, headless.
-#include "base/qt/DataPaths.h"
+#include "app/AppTest.h"
 #include "app/frmAbout.h"
 #include "app/frmChDir.h"
 #include "app/frmTip.h"
 #include "profiles/frmConfigAssocProfile.h"
-#include "support/AppFixture.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -12,14 +11,7 @@
 
 namespace {
 
-class DesktopWindows : public AppFixture {
-  protected:
-    void TearDown() override {
-        SetDataFoldersForTesting({}, {});
-        SetModalRunnerForTesting(nullptr);
-        AppFixture::TearDown();
-    }
-};
+using DesktopWindows = AppTest;
 
 // What the tip window shows on opening and after each Next, by the tips files present.
 TEST_F(DesktopWindows, TipsFromTheUsersFileFirstThenTheShippedOne) {
@@ -31,9 +23,7 @@ TEST_F(DesktopWindows, TipsFromTheUsersFileFirstThenTheShippedOne) {
     } cases[] = {
         {"shipped only", "first\nsecond\n", nullptr, {"first", "second", "first"}},
         {"user's shadows shipped", "first\n", "mine\r\nalso mine", {"mine", "also mine", "mine"}},
-        {"no file", nullptr, nullptr,
-         {"That the Kestrum.dat file was not found? ", "That the Kestrum.dat file was not found? "}},
-        {"empty file", "", nullptr, {"", ""}},
+        {"no file", nullptr, nullptr, {"That the Kestrum.dat file was not found? "}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -75,11 +65,10 @@ TEST_F(DesktopWindows, StartupTipFollowsItsSetting) {
 }
 
 TEST_F(DesktopWindows, AboutShowsTheProjectVersion) {
-    EXPECT_EQ(VersionText(2, 14, 305), "Version 2.14   Build 305");
     const QStringList parts = QString(KESTRUM_TEST_PROJECT_VERSION).split('.');
     frmAbout about;
-    EXPECT_EQ(about.lblVersion->text(),
-              "Version " + parts[0] + "." + parts[1] + "   Build " + QString::number(ProgramBuildNumber()));
+    EXPECT_EQ(about.lblVersion->text(), "Version " + parts[0] + "." + parts[1] + "   Build " +
+                                            QString::number(ProgramBuildNumber()));
     // No information tool on the path: the message, not a failure.
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", QByteArray::fromStdString(tmp.path() + "nothing"));

@@ -1,10 +1,9 @@
 // The exports, the two launch commands, Cancel everywhere, and failed saves.
-#include "app/FileCommandsFixture.h"
+#include "app/AppTest.h"
 #include "editor/SafeSave.h"
 #include "support/FileSizeLimit.h"
 
 #include <QDesktopServices>
-#include <QElapsedTimer>
 #include <QUrl>
 #include <filesystem>
 #include <sys/stat.h>
@@ -15,17 +14,6 @@ struct FileExportTest : FileCommandsFixture {
     void TearDown() override {
         SetTemporaryFilesRefusedForTesting(false);
         FileCommandsFixture::TearDown();
-    }
-    // The untitled document of the start, holding a small coloured text.
-    frmDocument* Coloured() {
-        frmDocument* d = Doc();
-        d->rtfText->SetText("if x then\n  -- note\nend\n");
-        d->rtfText->PaintRange(0, 2, ColorSlot::Keywords0);
-        d->rtfText->PaintRange(5, 4, ColorSlot::Keywords0);
-        d->rtfText->PaintRange(13, 7, ColorSlot::Comment);
-        d->rtfText->PaintRange(22, 3, ColorSlot::Keywords0);
-        d->ChangedHighLight = false; // coloured as it stands: no pass repaints it
-        return d;
     }
 };
 
@@ -39,21 +27,21 @@ class UrlCatcher : public QObject {
 };
 
 // The filter of the dialogs that open and save documents: 27 pairs of label and patterns,
-// all files first, with the system's own spelling kept.
+// all files first.
 void ExpectDocumentFilter(const QString& filter) {
-    QStringList parts = filter.split('|');
-    EXPECT_EQ(parts.size(), 54) << filter.toStdString();
+    EXPECT_EQ(filter.split('|').size(), 54) << filter.toStdString();
     EXPECT_TRUE(filter.startsWith("All Files (*.*)|*.*|Text Files (*.txt, *.doc, *.faq)|"));
-    EXPECT_TRUE(filter.contains("|Obect Pascal Files (*.pas)|*.pas|"));
-    EXPECT_TRUE(filter.contains("|Perl Files(*.pl, *.pm, *.cgi)|*.pl;*.pm;*.cgi|"));
-    EXPECT_TRUE(filter.contains("|DataFlex Files (*.src, *.pkg, *.frm)|*.pkg;*.frm;*.src|"));
     EXPECT_TRUE(filter.endsWith("|*.mak;*.frm;*.bas;*.cls;*.pag;*.ctl;*.vbp"));
 }
 
 } // namespace
 
-TEST_F(FileExportTest, RtfExportCarriesTheColoursAndReadsBackTheSame) {
-    frmDocument* d = Coloured();
+// The round trip of coloured text through RTF is the codec's test; here, what the command adds.
+TEST_F(FileExportTest, RtfExportCarriesTheDocumentsColours) {
+    frmDocument* d = Doc();
+    d->rtfText->SetText("if x then\n");
+    d->rtfText->PaintRange(0, 2, ColorSlot::Keywords0);
+    d->ChangedHighLight = false; // coloured as it stands: no pass repaints it
     dialogs.AnswerFile(Q(tmp.file("out.rtf")));
     main->mnuFileExportRTF_Click();
     EXPECT_EQ(Last().file.defaultExt, "rtf");
@@ -66,16 +54,9 @@ TEST_F(FileExportTest, RtfExportCarriesTheColoursAndReadsBackTheSame) {
     ASSERT_EQ(rtf.rfind("{\\rtf1", 0), 0u);
     // The colour table holds what the document shows: slot 1 is keyword colour 0.
     QColor k0 = ColorFromLong(g_EditorSettings().KeywordColor[0]);
-    EXPECT_EQ(d->rtfText->SlotColor(ColorSlot::Keywords0), k0);
     std::string entry = "\\red" + std::to_string(k0.red()) + "\\green" +
                         std::to_string(k0.green()) + "\\blue" + std::to_string(k0.blue()) + ";";
     EXPECT_NE(rtf.find(entry), std::string::npos) << rtf;
-
-    frmDocument* copy = NewWithText("");
-    copy->rtfText->SetTextRTF(rtf);
-    EXPECT_EQ(Text(copy), Text(d));
-    for (int64_t i : {0, 1, 2, 5, 8, 11, 13, 19, 22, 24})
-        EXPECT_EQ(copy->rtfText->SlotAt(i), d->rtfText->SlotAt(i)) << "at " << i;
 }
 
 TEST_F(FileExportTest, UnixExportDeletesEveryCarriageReturn) {
@@ -164,10 +145,8 @@ TEST_F(FileExportTest, TheHexEditorStartsBesideTheProgramOrIsReportedMissing) {
     ::chmod(editor.c_str(), 0755);
     dialogs.AnswerFile(Q(file));
     main->mnuFileOpenHex_Click();
-    QElapsedTimer t;
-    t.start();
-    while (!FileExists(editor + ".args") && t.elapsed() < 10000) QTest::qWait(20);
-    QTest::qWait(50);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return FileExists(editor + ".args"); }, 10000));
+    QTest::qWait(50); // written, not only made
     EXPECT_EQ(ReadFileBytes(editor + ".args"), file + "|");
 }
 
@@ -187,10 +166,7 @@ TEST_F(FileExportTest, OpenImageHandsTheFileToTheDesktop) {
 TEST_F(FileExportTest, FailedSavesKeepTheOldFileAndReport) {
     const std::string old = "the old file\r\n";
     std::string target = tmp.write("keep.txt", old);
-    dialogs.AnswerFile(Q(target));
-    main->mnuFileOpen_Click();
-    Settle();
-    frmDocument* d = Doc();
+    frmDocument* d = OpenByDialog(target);
     d->rtfText->SetText(std::string(64 * 1024, 'n'));
     struct Case {
         const char* what;

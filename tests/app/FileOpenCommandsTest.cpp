@@ -1,6 +1,6 @@
-// Open, recent files, close, reload and the three insert commands. What their dialogs ask is
-// checked with every other file dialog in FileExportCommandsTest.
-#include "app/FileCommandsFixture.h"
+// Open, recent files, drops, a failed save on close, reload and the three insert commands. What
+// their dialogs ask is checked with every other file dialog in FileExportCommandsTest.
+#include "app/AppTest.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,13 +14,9 @@ using FileOpenTest = FileCommandsFixture;
 TEST_F(FileOpenTest, OpenLoadsIntoANewDocumentAndRemembersTheFolder) {
     std::string file = tmp.write("src/main.c", "int main;\nreturn;\n");
     main->LastDir = Q(tmp.path());
-    dialogs.AnswerFile(Q(file));
-    main->mnuFileOpen_Click();
-    Settle();
-
+    frmDocument* d = OpenByDialog(file);
     EXPECT_EQ(Last().file.initDir, Q(tmp.path()));
     ASSERT_EQ(OpenCount(), 2u);
-    frmDocument* d = Doc();
     EXPECT_EQ(d->FormIndex, 2);
     EXPECT_EQ(d->Caption(), "main.c");
     EXPECT_EQ(TabText(d->TabKey()), "main.c");
@@ -39,11 +35,7 @@ TEST_F(FileOpenTest, TheFileDialogsStartWhereTheUserIsWorking) {
     main->mnuFileOpen_Click();
     EXPECT_EQ(Last().file.initDir, QDir::homePath() + "/");
 
-    std::string file = tmp.write("work/a.c", "a");
-    main->LastDir = Q(tmp.path());
-    dialogs.AnswerFile(Q(file));
-    main->mnuFileOpen_Click();
-    Settle();
+    OpenByDialog(tmp.write("work/a.c", "a"));
     main->LastDir = Q(tmp.path());
     dialogs.AnswerFile(std::nullopt);
     main->mnuFileOpen_Click();
@@ -51,12 +43,7 @@ TEST_F(FileOpenTest, TheFileDialogsStartWhereTheUserIsWorking) {
     dialogs.AnswerFile(std::nullopt);
     main->mnuFileSaveAs_Click();
     EXPECT_EQ(Last().file.initDir, Q(tmp.path() + "work/"));
-
-    // An untitled document has no folder of its own.
-    NewWithText("draft");
-    dialogs.AnswerFile(std::nullopt);
-    main->mnuFileSaveAs_Click();
-    EXPECT_EQ(Last().file.initDir, Q(tmp.path()));
+    // An untitled document, which has no folder of its own: FileSaveTest's Save As.
 }
 
 // The backup holds the text as loaded; its name depends on the command.
@@ -65,12 +52,10 @@ TEST_F(FileOpenTest, BackupOnOpenReplacesTheExtensionAndRecentFilesMakeNone) {
     struct Case {
         std::string file, backup;
     };
-    for (const Case& c : {Case{"a.txt", "a.BAK"}, Case{"two.dots.c", "two.dots.BAK"},
-                          // The last dot of the whole path counts, even in a folder's name.
-                          Case{"dir.d/noext", "dir.BAK"}}) {
+    // The last dot of the whole path counts, even in a folder's name.
+    for (const Case& c : {Case{"a.txt", "a.BAK"}, Case{"dir.d/noext", "dir.BAK"}}) {
         std::string file = tmp.write(c.file, "line\nnext");
-        dialogs.AnswerFile(Q(file));
-        main->mnuFileOpen_Click();
+        OpenByDialog(file);
         EXPECT_EQ(ReadFileBytes(tmp.file(c.backup)), "line\nnext") << c.file;
         EXPECT_FALSE(FileExists(file + "~"));
     }
@@ -89,33 +74,22 @@ TEST_F(FileOpenTest, BackupOnOpenReplacesTheExtensionAndRecentFilesMakeNone) {
     EXPECT_EQ(main->RecentFiles, before); // the list does not move
 }
 
-TEST_F(FileOpenTest, FilesDroppedOnTheWindowOpenWithTildeBackupsUntilOneFails) {
+TEST_F(FileOpenTest, FilesDroppedOnTheWindowOpenWithTildeBackups) {
     g_EditorSettings().Backup = true;
     std::string one = tmp.write("one.c", "int a;"), two = tmp.write("two.txt", "two");
-    auto drop = [&](QWidget* target, const QList<QUrl>& urls) {
-        QMimeData data;
-        data.setUrls(urls);
-        QPoint at(5, 5);
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(target, &enter);
-        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(target, &drop);
-        Settle();
-    };
     size_t before = OpenCount();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(Q(one)), QUrl::fromLocalFile(Q(two))});
     // The tab strip takes no drops of its own: the main window opens the files.
-    drop(main->tabFiles, {QUrl::fromLocalFile(Q(one)), QUrl::fromLocalFile(Q(two))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main->tabFiles, &enter);
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main->tabFiles, &drop);
+    Settle();
     ASSERT_EQ(OpenCount(), before + 2);
     EXPECT_EQ(Doc()->Caption(), "two.txt");
     EXPECT_EQ(ReadFileBytes(one + "~"), "int a;");
     EXPECT_EQ(main->RecentFiles[1], Q(two));
-
-    dialogs.AnswerMsgBox(MsgResult::OK);
-    main->MDIForm_OLEDragDrop({Q(tmp.file("missing.txt")), Q(one)});
-    EXPECT_EQ(Last().caption, "File I/O Error");
-    EXPECT_TRUE(
-        Last().text.startsWith("An error occurred while you were trying to open a file:\r\n"));
-    EXPECT_EQ(OpenCount(), before + 3); // the failed file's window stays; the rest is left
 }
 
 TEST_F(FileOpenTest, AFailedOpenReportsAndLeavesTheNewDocument) {
@@ -150,25 +124,11 @@ TEST_F(FileOpenTest, AFailedOpenReportsAndLeavesTheNewDocument) {
     EXPECT_EQ(Last().caption, "File I/O Error");
 }
 
-TEST_F(FileOpenTest, CloseAsksOnlyAboutChangedDocuments) {
-    NewWithText("typed");
-    dialogs.AnswerMsgBox(MsgResult::Cancel);
-    main->mnuFileClose_Click();
-    EXPECT_EQ(Last().caption, "Save Changes?");
-    EXPECT_EQ(OpenCount(), 2u);
-    dialogs.AnswerMsgBox(MsgResult::No);
-    main->mnuFileClose_Click();
-    Settle();
-    EXPECT_EQ(OpenCount(), 1u);
-    EXPECT_EQ(main->FindTab("Tab2"), -1);
-    main->mnuFileClose_Click(); // unchanged: no question
-    Settle();
-    EXPECT_EQ(OpenCount(), 0u);
-    main->mnuFileClose_Click(); // nothing open: nothing happens
-    EXPECT_EQ(dialogs.asked.size(), 2u);
-
-    // Yes, but the save fails: the window and its edits stay, for a close and for the exit.
-    frmDocument* d = NewWithText("keep me");
+// The close question's answers are checked with the document window. Yes, but the save fails:
+// the window and its edits stay, for a close and for the exit.
+TEST_F(FileOpenTest, AFailedSaveOnCloseKeepsTheWindow) {
+    frmDocument* d = Doc();
+    d->rtfText->SetText("keep me");
     d->Tag = Q(tmp.file("no/such/folder/k.txt"));
     d->SetCaption("k.txt");
     for (bool exit : {false, true}) {
@@ -193,10 +153,7 @@ TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
               "This file has not been saved, and does not exist on disk to be re-loaded.");
 
     std::string file = tmp.write("r.txt", "on disk");
-    dialogs.AnswerFile(Q(file));
-    main->mnuFileOpen_Click();
-    Settle();
-    frmDocument* d = Doc();
+    frmDocument* d = OpenByDialog(file);
     d->rtfText->SetText("edited");
     ASSERT_TRUE(d->Changed);
     dialogs.AnswerMsgBox(MsgResult::No);
@@ -226,11 +183,7 @@ TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
     EXPECT_EQ(dialogs.asked.size(), asked);
 
     // What is read again is coloured at once, as a load is.
-    std::string source = tmp.write("r.c", "int x;");
-    dialogs.AnswerFile(Q(source));
-    main->mnuFileOpen_Click();
-    Settle();
-    frmDocument* c = Doc();
+    frmDocument* c = OpenByDialog(tmp.write("r.c", "int x;"));
     tmp.write("r.c", "void y;");
     main->mnuEditReload_Click();
     EXPECT_EQ(Text(c), "void y;");
@@ -273,19 +226,12 @@ TEST_F(FileOpenTest, TheInsertCommandsPlaceTheFileAsEachPromises) {
 }
 
 TEST_F(FileOpenTest, OpeningAnOpenFileShowsItsDocument) {
-    std::string file = tmp.write("once.txt", "once");
-    dialogs.AnswerFile(Q(file));
-    main->mnuFileOpen_Click();
-    Settle();
-    frmDocument* first = Doc();
+    frmDocument* first = OpenByDialog(tmp.write("once.txt", "once"));
     NewWithText("other");
     size_t open = OpenCount();
     // Another road to the same file, by a different spelling of its path.
-    dialogs.AnswerFile(Q(tmp.path() + "./once.txt"));
-    main->mnuFileOpen_Click();
-    Settle();
+    EXPECT_EQ(OpenByDialog(tmp.path() + "./once.txt"), first);
     EXPECT_EQ(OpenCount(), open);
-    EXPECT_EQ(Doc(), first);
 }
 
 TEST_F(FileOpenTest, AFileWithNulBytesOpensOnlyWhenTheUserSaysSo) {

