@@ -269,7 +269,8 @@ bool frmMain::Busy() const {
 void frmMain::LoadCommandLine(const QString& commandLine) {
     QString name = FromBytes(StripQuotes(ToBytes(commandLine)));
     auto fail = [&](const QString& why) {
-        cDialogs::Get().MsgBox("An error occurred while processing the file " + commandLine +
+        cDialogs::Get().MsgBox("An error occurred while processing the file " +
+                                   ShownText(commandLine) +
                                    ", specified in the command line.\r\n" + why,
                                MsgButtons::OK, MsgIcon::Exclamation, AppTitle());
     };

@@ -191,7 +191,7 @@ void frmMain::RefreshRecentFiles() {
     // An empty slot keeps its visibility; only its caption follows the slot.
     for (int i = 1; i <= 5; ++i) {
         if (!RecentFiles[size_t(i)].isEmpty()) recentItems_[size_t(i)]->setVisible(true);
-        recentItems_[size_t(i)]->setText(RecentFiles[size_t(i)]);
+        recentItems_[size_t(i)]->setText(ShownText(RecentFiles[size_t(i)]));
     }
     recentItems_[0]->setVisible(true);
 }

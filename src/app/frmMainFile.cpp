@@ -7,6 +7,7 @@
 #include "base/PathHelpers.h"
 #include "base/TextCodec.h"
 #include "base/qt/AppGlobals.h"
+#include "base/qt/FilePaths.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/SafeSave.h"
@@ -101,8 +102,8 @@ void OpenInHexEditor(const QString& path) {
 bool frmMain::MayOpenAsText(const QString& path) {
     // A NUL byte near the start marks a file that is not text; the editor can show it, but
     // a save writes its line ends anew. The user decides.
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly) || !f.read(8192).contains('\0')) return true;
+    QFile f;
+    if (!OpenFileAt(f, path, QIODevice::ReadOnly) || !f.read(8192).contains('\0')) return true;
     return cDialogs::Get().MsgBox("The file " + FileTitle(path) +
                                       " holds NUL bytes, so it is probably not a text file. "
                                       "Saving it may change it. Open it anyway?",
@@ -116,9 +117,9 @@ bool frmMain::MayOpenAsText(const QString& path) {
 static QString DialogStartFolder(const frmDocument* active, const QString& lastDir) {
     if (active && !active->Caption().startsWith(kUntitled) && !active->Tag.isEmpty()) {
         QString folder = FolderOf(active->Tag);
-        if (QFileInfo(folder).isDir()) return folder;
+        if (IsFolderPath(folder)) return folder;
     }
-    if (!lastDir.isEmpty() && QFileInfo(lastDir).isDir()) return lastDir;
+    if (IsFolderPath(lastDir)) return lastDir;
     return QDir::homePath() + "/";
 }
 
@@ -140,9 +141,11 @@ void frmMain::mnuFileOpen_Click() {
 
 void frmMain::mnuFileRecent_Click(int index) {
     if (index < 1 || index > 5) return;
-    // The path is what the menu item shows.
+    // The path is what the menu item shows; the item shows a name that is not UTF-8 in a
+    // readable form, and then the list holds the name itself.
     QAction* item = recentItems_[size_t(index)];
-    QString path = item ? item->text() : RecentFiles[size_t(index)];
+    QString path = RecentFiles[size_t(index)];
+    if (item && item->text() != ShownText(path)) path = item->text();
     if (!MayOpenAsText(path)) return;
     QString error;
     if (!OpenFileInNewDocument(path, {}, false, &error)) ReportOpenFailure(error);
@@ -157,11 +160,11 @@ frmDocument* frmMain::LoadIntoNewDocument(const QString& path, const QString& ba
                                           bool addToRecent, bool backupFirst, QString* error) {
     // A file that is open already is shown, not loaded a second time (Duplicate Window is
     // the way to a second view of it).
-    const QString canonical = QFileInfo(path).canonicalFilePath();
+    const QString canonical = CanonicalPathOf(path);
     for (frmDocument* open : Documents().OpenDocuments()) {
         if (open->Tag.isEmpty() || canonical.isEmpty() || open->Caption().endsWith(" [Copy]"))
             continue;
-        if (QFileInfo(open->Tag).canonicalFilePath() == canonical) {
+        if (CanonicalPathOf(open->Tag) == canonical) {
             ActivateDocument(open);
             if (addToRecent) CycleRecentFiles(path);
             return open;

@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 #include "base/PathHelpers.h"
 #include "base/qt/AppGlobals.h"
+#include "base/qt/FilePaths.h"
 #include "components/FlipPane.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
@@ -78,7 +79,7 @@ void frmMain::dragEnterEvent(QDragEnterEvent* e) {
 void frmMain::dropEvent(QDropEvent* e) {
     QStringList files;
     for (const QUrl& url : e->mimeData()->urls())
-        if (url.isLocalFile()) files << url.toLocalFile();
+        if (url.isLocalFile()) files << LocalPathOfUrl(url);
     if (files.isEmpty()) return;
     e->acceptProposedAction();
     MDIForm_OLEDragDrop(files);

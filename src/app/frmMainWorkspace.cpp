@@ -5,6 +5,7 @@
 #include "app/frmMain.h"
 #include "base/PathHelpers.h"
 #include "base/qt/AppGlobals.h"
+#include "base/qt/FilePaths.h"
 #include "base/qt/DataPaths.h"
 #include "components/FlipPane.h"
 #include "components/cDialogs.h"
@@ -27,10 +28,6 @@ namespace {
 const QString kWorkspaceFilter = QStringLiteral("Kestrum Project Files (*.kws)|*.kws");
 // A list row shows at most this much of a snippet; the whole of it stays behind the row.
 constexpr int kShownSnippetChars = 2000;
-
-QString ReadError(const QFile& f) {
-    return f.errorString().isEmpty() ? QStringLiteral("File not found") : f.errorString();
-}
 
 } // namespace
 
@@ -135,11 +132,12 @@ void frmMain::mnuAdvancedSaveProject_Click() {
     for (frmDocument* doc : Documents().OpenDocuments())
         entries.push_back({ToBytes(doc->Caption()), ToBytes(doc->Tag)});
     std::string bytes = WriteWorkspace(entries);
-    QFile f(*path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+    QFile f;
+    QString why;
+    if (!OpenFileAt(f, *path, QIODevice::WriteOnly | QIODevice::Truncate, &why) ||
         f.write(bytes.data(), qint64(bytes.size())) != qint64(bytes.size()) || !f.flush()) {
-        cDialogs::Get().MsgBox("An error occurred when saving the file " + *path + ".\r" +
-                                   f.errorString(),
+        cDialogs::Get().MsgBox("An error occurred when saving the file " + ShownText(*path) +
+                                   ".\r" + (f.isOpen() ? f.errorString() : why),
                                MsgButtons::OK, MsgIcon::Critical, AppTitle());
         return;
     }
@@ -173,16 +171,13 @@ void frmMain::mnuAdvancedRestoreProject_Click() {
     QString error;
     if (!LoadWorkspace(*path, false, &error))
         cDialogs::Get().MsgBox("There was an error when trying to load the files contained in " +
-                                   *path + ".\r\n" + error,
+                                   ShownText(*path) + ".\r\n" + error,
                                MsgButtons::OK, MsgIcon::Critical, QStringLiteral("File I/O Error"));
 }
 
 bool frmMain::LoadWorkspace(const QString& path, bool fromCommandLine, QString* error) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) {
-        *error = ReadError(f);
-        return false;
-    }
+    QFile f;
+    if (!OpenFileAt(f, path, QIODevice::ReadOnly, error)) return false;
     QByteArray bytes = f.readAll();
     f.close();
     WorkspaceRead read = ReadWorkspace(std::string_view(bytes.constData(), size_t(bytes.size())));
@@ -195,7 +190,8 @@ bool frmMain::LoadWorkspace(const QString& path, bool fromCommandLine, QString* 
         // The blank document made for an entry that cannot be read stays.
         QString file = FromBytes(e.path);
         if (!doc->rtfText->LoadFile(file, 1, error)) {
-            if (!error->contains(file)) *error += QStringLiteral(" (") + file + ")";
+            if (!error->contains(ShownText(file)))
+                *error += QStringLiteral(" (") + ShownText(file) + ")";
             return false;
         }
         doc->SetCaption(FromBytes(e.caption));

@@ -50,8 +50,14 @@ void WatchForTermination(frmMain& main) {
     t->start(100);
 }
 
-// The whole command line is one file name: blanks and all belong to it.
-QString CommandLineOf(const QStringList& args) { return args.mid(1).join(' '); }
+// The whole command line is one file name: blanks and all belong to it. It stays the bytes
+// the system gave, which need not be UTF-8 (Qt's own list of the arguments would not keep
+// them).
+std::string CommandLineOf(int argc, char** argv) {
+    std::string line;
+    for (int i = 1; i < argc; ++i) line += (i > 1 ? " " : "") + std::string(argv[i]);
+    return line;
+}
 
 QPixmap SplashPicture() {
     QPixmap pm(420, 200);
@@ -76,14 +82,12 @@ int main(int argc, char** argv) {
     CatchTermination(); // a request that comes early is served once the window stands
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kestrum"));
-    QString commandLine = CommandLineOf(QApplication::arguments());
+    // Read after QApplication took its own options out of argv.
+    const std::string line = CommandLineOf(argc, argv);
 
     if (SingleInstance::IsRunning(AppTitle())) {
         const QString target = AppTitle();
         AppTitle() = QStringLiteral("Previstance");
-        // The name goes over as the bytes the system gave, which need not be UTF-8.
-        std::string line;
-        for (int i = 1; i < argc; ++i) line += (i > 1 ? " " : "") + std::string(argv[i]);
         SingleInstance::SendToProcess(
             target, SingleInstance::LoadFileRequest(QByteArray::fromStdString(StripQuotes(line))));
         return 0;
@@ -96,7 +100,7 @@ int main(int argc, char** argv) {
     frmMain main;
     WatchForTermination(main);
     SingleInstance::Listen(AppTitle(), [&main](const QByteArray& r) { main.Subclass_WndProc(r); });
-    main.MDIForm_Load(commandLine);
+    main.MDIForm_Load(FromBytes(line));
     main.show();
     splash.finish(&main);
     // The tip comes once the event loop runs, so that requests and the end of the session

@@ -1,6 +1,7 @@
 #include "editor/RichEdit.h"
 
 #include "base/TextCodec.h"
+#include "base/qt/FilePaths.h"
 
 #include <Qsci/qscicommand.h>
 #include <Qsci/qscicommandset.h>
@@ -369,7 +370,7 @@ static QStringList LocalFiles(const QMimeData* m) {
     QStringList files;
     if (!m || !m->hasUrls()) return files;
     for (const QUrl& u : m->urls())
-        if (u.isLocalFile()) files << u.toLocalFile();
+        if (u.isLocalFile()) files << LocalPathOfUrl(u);
     return files;
 }
 

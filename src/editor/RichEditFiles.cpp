@@ -1,10 +1,10 @@
 #include "editor/RichEdit.h"
 
 #include "base/TextCodec.h"
+#include "base/qt/FilePaths.h"
 #include "editor/DocumentHost.h"
 #include "editor/SafeSave.h"
 
-#include <QFile>
 
 #include <algorithm>
 
@@ -30,11 +30,8 @@ void RichEdit::MakeRoomForFile(int64_t fileSize, size_t pieceSize, std::string_v
 }
 
 bool RichEdit::LoadFile(const QString& path, int type, QString* error) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) {
-        if (error) *error = f.errorString();
-        return false;
-    }
+    QFile f;
+    if (!OpenFileAt(f, path, QIODevice::ReadOnly, error)) return false;
     // Read in chunks straight into the control, so that a large file is held only once
     // beside the control's own buffer.
     constexpr qint64 kChunk = 4 << 20;

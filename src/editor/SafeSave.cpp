@@ -1,9 +1,10 @@
 #include "editor/SafeSave.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "base/qt/AppGlobals.h"
+
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -14,40 +15,82 @@ namespace {
 
 bool temporaryFilesRefused = false;
 
-// Chunks, so that a short write is noticed where it happens.
-bool WriteAll(QFileDevice& f, std::string_view bytes) {
-    constexpr size_t kChunk = 1 << 20;
+QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
+
+// Writes all bytes at the offset; the errno of the first failure, 0 when all went.
+int WriteAllAt(int fd, std::string_view bytes, off_t offset) {
     for (size_t done = 0; done < bytes.size();) {
-        size_t n = std::min(kChunk, bytes.size() - done);
-        if (f.write(bytes.data() + done, qint64(n)) != qint64(n)) return false;
-        done += n;
+        ssize_t n = ::pwrite(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20),
+                             offset + off_t(done));
+        if (n > 0)
+            done += size_t(n);
+        else if (n == 0)
+            return ENOSPC;
+        else if (errno != EINTR)
+            return errno;
     }
-    return true;
+    return 0;
+}
+
+// Reads the whole file; the errno of a failure, 0 when it was read.
+int ReadAll(int fd, std::string& out) {
+    char buf[1 << 16];
+    for (;;) {
+        ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n == 0) return 0;
+        if (n > 0)
+            out.append(buf, size_t(n));
+        else if (errno != EINTR)
+            return errno;
+    }
 }
 
 // Overwrites the file without truncating it first: the blocks of the old content stay the
 // file's own, so that when the new content runs out of room, the old one still fits back.
-bool OverwriteInPlace(const QString& path, std::string_view bytes, QString* error) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
-        if (error) *error = f.errorString();
+bool OverwriteInPlace(const std::string& path, std::string_view bytes, QString* error) {
+    int fd = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    if (fd < 0) {
+        if (error) *error = Reason(errno);
         return false;
     }
-    QByteArray old = f.readAll();
-    if (f.error() != QFileDevice::NoError || old.size() != f.size()) {
-        if (error) *error = f.errorString();
+    std::string old;
+    int code = ReadAll(fd, old);
+    if (code != 0) { // nothing written yet
+        ::close(fd);
+        if (error) *error = Reason(code);
         return false;
     }
-    bool ok = f.seek(0) && WriteAll(f, bytes) &&
-              (qint64(bytes.size()) >= old.size() || f.resize(qint64(bytes.size())));
-    if (ok) return true;
-    if (error) *error = f.errorString();
-    f.unsetError();
-    bool restored = f.seek(0) &&
-                    WriteAll(f, std::string_view(old.constData(), size_t(old.size()))) &&
-                    f.resize(old.size());
+    code = WriteAllAt(fd, bytes, 0);
+    if (code == 0 && bytes.size() < old.size() && ::ftruncate(fd, off_t(bytes.size())) != 0)
+        code = errno;
+    if (code == 0) {
+        if (::close(fd) == 0) return true;
+        if (error) *error = Reason(errno);
+        return false;
+    }
+    if (error) *error = Reason(code);
+    bool restored = WriteAllAt(fd, old, 0) == 0 && ::ftruncate(fd, off_t(old.size())) == 0;
     if (!restored && error) *error += QStringLiteral(" (the old content could not be put back)");
+    ::close(fd);
     return false;
+}
+
+// The folder part of a path, "." for a bare name.
+std::string FolderOf(const std::string& path) {
+    size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// What a save writes to: a link stays a link, and the file it names is the one replaced.
+std::string SaveTarget(const std::string& path) {
+    struct stat st {};
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return path;
+    std::string target(size_t(PATH_MAX), '\0');
+    ssize_t n = ::readlink(path.c_str(), target.data(), target.size());
+    if (n <= 0) return path;
+    target.resize(size_t(n));
+    return target[0] == '/' ? target : FolderOf(path) + "/" + target;
 }
 
 enum class Replace { Done, Failed, NoTemporary, InPlace };
@@ -57,28 +100,27 @@ enum class Replace { Done, Failed, NoTemporary, InPlace };
 // whole. The data is not forced to the disk before the rename: that would double the cost of
 // every save for protection against power loss alone, which the file system's handling of a
 // rename over an existing file already gives.
-Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QString* error) {
+Replace ReplaceThroughTemporary(const std::string& path, std::string_view bytes,
+                                QString* error) {
     auto fail = [error](int code) {
-        if (error) *error = QString::fromLocal8Bit(std::strerror(code));
+        if (error) *error = Reason(code);
         return Replace::Failed;
     };
-    QFileInfo info(path);
-    // A link stays a link: the file it names is the one replaced.
-    QString target = info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
-    QByteArray targetName = QFile::encodeName(target);
+    const std::string target = SaveTarget(path);
     struct stat old {};
-    bool exists = ::stat(targetName.constData(), &old) == 0;
+    bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) return fail(EISDIR);
     // A file the user may not write is not replaced behind its back by a new one, even
     // where the folder would allow that.
-    if (exists && ::access(targetName.constData(), W_OK) != 0) return fail(errno);
+    if (exists && ::access(target.c_str(), W_OK) != 0) return fail(errno);
     // A new file would leave the file's other names holding the old text.
     if (exists && S_ISREG(old.st_mode) && old.st_nlink > 1) return Replace::InPlace;
-    QFileInfo t(target);
-    QByteArray tmp = QFile::encodeName(t.absolutePath() + "/." + t.fileName() + ".kestrum-XXXXXX");
+    const size_t slash = target.rfind('/');
+    const std::string name = slash == std::string::npos ? target : target.substr(slash + 1);
+    std::string tmp = FolderOf(target) + "/." + name + ".kestrum-XXXXXX";
     int fd = ::mkostemp(tmp.data(), O_CLOEXEC);
     if (fd < 0) {
-        if (error) *error = QString::fromLocal8Bit(std::strerror(errno));
+        if (error) *error = Reason(errno);
         return Replace::NoTemporary;
     }
     // The new file takes the old one's permissions (and owner, where that is allowed).
@@ -91,21 +133,11 @@ Replace ReplaceThroughTemporary(const QString& path, std::string_view bytes, QSt
         ::umask(mask);
         ::fchmod(fd, 0666 & ~mask);
     }
-    int code = 0;
-    for (size_t done = 0; done < bytes.size() && code == 0;) {
-        ssize_t n =
-            ::write(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20));
-        if (n > 0)
-            done += size_t(n);
-        else if (n < 0 && errno != EINTR)
-            code = errno;
-        else if (n == 0)
-            code = ENOSPC;
-    }
+    int code = WriteAllAt(fd, bytes, 0);
     if (::close(fd) != 0 && code == 0) code = errno;
-    if (code == 0 && ::rename(tmp.constData(), targetName.constData()) != 0) code = errno;
+    if (code == 0 && ::rename(tmp.c_str(), target.c_str()) != 0) code = errno;
     if (code == 0) return Replace::Done;
-    ::unlink(tmp.constData());
+    ::unlink(tmp.c_str());
     return fail(code);
 }
 
@@ -116,22 +148,22 @@ void SetTemporaryFilesRefusedForTesting(bool refused) {
 }
 
 bool SaveBytesSafely(const QString& path, std::string_view bytes, QString* error) {
+    // The path's own bytes: a name that is not UTF-8 is saved under that very name.
+    const std::string name = ToBytes(path);
     QString why = QStringLiteral("Permission denied");
     if (!temporaryFilesRefused) {
-        Replace r = ReplaceThroughTemporary(path, bytes, &why);
+        Replace r = ReplaceThroughTemporary(name, bytes, &why);
         if (r == Replace::Done) return true;
         if (r == Replace::Failed) {
             if (error) *error = why;
             return false;
         }
-        if (r == Replace::InPlace) {
-            QFileInfo info(path);
-            return OverwriteInPlace(info.canonicalFilePath(), bytes, error);
-        }
+        if (r == Replace::InPlace) return OverwriteInPlace(SaveTarget(name), bytes, error);
     }
     // No new file beside the old one: an existing file can still be written in place.
-    QFileInfo info(path);
-    if (info.isFile()) return OverwriteInPlace(info.absoluteFilePath(), bytes, error);
+    struct stat st {};
+    if (::stat(name.c_str(), &st) == 0 && S_ISREG(st.st_mode))
+        return OverwriteInPlace(name, bytes, error);
     if (error) *error = why;
     return false;
 }

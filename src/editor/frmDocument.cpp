@@ -66,8 +66,10 @@ QMdiSubWindow* frmDocument::SubWindow() const {
 }
 
 void frmDocument::SetCaption(const QString& caption) {
-    setWindowTitle(caption);
-    if (QMdiSubWindow* w = SubWindow()) w->setWindowTitle(caption);
+    // A caption is only shown, so a file name that is not UTF-8 is made readable here.
+    const QString shown = ShownText(caption);
+    setWindowTitle(shown);
+    if (QMdiSubWindow* w = SubWindow()) w->setWindowTitle(shown);
 }
 
 void frmDocument::Form_Load() {
@@ -244,7 +246,7 @@ bool frmDocument::ChangedOnDisk() const {
 
 bool frmDocument::MayOverwriteDiskFile() {
     if (!ChangedOnDisk()) return true;
-    return cDialogs::Get().MsgBox("The file " + Tag +
+    return cDialogs::Get().MsgBox("The file " + ShownText(Tag) +
                                       " has been changed by another program since it was "
                                       "opened. Overwrite it?",
                                   MsgButtons::YesNo, MsgIcon::Exclamation,
@@ -255,7 +257,7 @@ void frmDocument::OfferReloadIfChangedOnDisk() {
     if (Changed || codingInProgress_ || !ChangedOnDisk()) return;
     // Asked once per change: the answer No keeps the text and takes the new file as known.
     const bool reload = cDialogs::Get().MsgBox(
-                            "The file " + Tag +
+                            "The file " + ShownText(Tag) +
                                 " has been changed by another program. Do you want to "
                                 "load it again?",
                             MsgButtons::YesNo, MsgIcon::Question, "File Changed") == MsgResult::Yes;

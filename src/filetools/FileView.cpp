@@ -1,10 +1,10 @@
 #include "filetools/FileView.h"
 
+#include "base/qt/AppGlobals.h"
 #include "filetools/core/FolderListing.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeDatabase>
@@ -23,14 +23,13 @@ struct FileView::Shared {
 };
 
 namespace {
-QString DecodePath(const std::string& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
+// A path keeps bytes that are not UTF-8 (see FromBytes), so that the row still opens.
+QString DecodePath(const std::string& path) { return FromBytes(path); }
 
 // A row's text. A newline or other control character in a name would break the row, so it
 // shows as "?"; the row's path keeps the name as it is, so that it still opens.
 QString Decode(const std::string& name) {
-    QString s = DecodePath(name);
+    QString s = ShownText(DecodePath(name));
     for (QChar& c : s)
         if (c.unicode() < 0x20) c = u'?';
     return s;
@@ -173,8 +172,8 @@ void FileView::SetHidden(bool hidden) {
 void FileView::Refresh() { Populate(path_); }
 
 void FileView::ParentDir() {
-    const std::string parent = ParentFolder(QFile::encodeName(path_).toStdString());
-    if (!parent.empty()) Populate(QFile::decodeName(QByteArray::fromStdString(parent)));
+    const std::string parent = ParentFolder(ToBytes(path_));
+    if (!parent.empty()) Populate(DecodePath(parent));
 }
 
 void FileView::Populate(const QString& folder) {
@@ -184,8 +183,7 @@ void FileView::Populate(const QString& folder) {
     options.pattern = pattern_.toStdString();
     options.hidden = hidden_;
     std::thread([shared = shared_, generation, folder, options,
-                 name = QFile::encodeName(folder).toStdString(),
-                 home = QFile::encodeName(QDir::homePath()).toStdString(),
+                 name = ToBytes(folder), home = ToBytes(QDir::homePath()),
                  user = qEnvironmentVariable("USER").toStdString()] {
         std::vector<FileViewRow> rows;
         const bool ok = BuildRows(name, options, home, user, rows);

@@ -12,7 +12,7 @@
 
 namespace {
 QString Shown(std::string_view text) {
-    return FromBytes(text.substr(0, ComparisonModel::kShownBytes));
+    return ShownText(FromBytes(text.substr(0, ComparisonModel::kShownBytes)));
 }
 
 // A small document glyph: red-edged for a difference, grey for an identical row.

@@ -1,6 +1,7 @@
 #include "search/frmFindInFiles.h"
 
 #include "base/qt/AppGlobals.h"
+#include "base/qt/FilePaths.h"
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/DocumentHost.h"
@@ -20,6 +21,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <unistd.h>
 
 frmFindInFiles::frmFindInFiles(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Find in Files"));
@@ -124,9 +126,9 @@ bool FindInFilesPane::Start(const QString& text, const QString& folder,
                             const FileSearchOptions& options) {
     Stop();
     if (worker_.joinable()) worker_.join();
-    QFileInfo info(folder);
-    if (!info.isDir() || !info.isReadable()) {
-        cDialogs::Get().MsgBox(tr("The folder %1 does not exist or cannot be read.").arg(folder),
+    if (!IsFolderPath(folder) || ::access(ToBytes(folder).c_str(), R_OK) != 0) {
+        cDialogs::Get().MsgBox(
+            tr("The folder %1 does not exist or cannot be read.").arg(ShownText(folder)),
                                MsgButtons::OK, MsgIcon::Exclamation, tr("Find in Files"));
         return false;
     }
@@ -142,7 +144,7 @@ bool FindInFilesPane::Start(const QString& text, const QString& folder,
     const quint64 generation = ++generation_;
     stop_ = std::make_shared<std::atomic<bool>>(false);
     QPointer<FindInFilesPane> self(this);
-    std::string find = text.toStdString(), root = QFile::encodeName(folder).toStdString();
+    std::string find = text.toStdString(), root = ToBytes(folder);
     auto stop = stop_;
     worker_ = std::thread([self, generation, find, root, options, stop] {
         std::string error;
@@ -171,11 +173,11 @@ void FindInFilesPane::Wait() {
 void FindInFilesPane::Add(std::vector<FileMatch> matches) {
     lstResults->setUpdatesEnabled(false);
     for (const FileMatch& m : matches) {
-        rows_.push_back({QFile::decodeName(m.path.c_str()), m.line, m.column, findLength_});
+        rows_.push_back({FromBytes(m.path), m.line, m.column, findLength_});
         lstResults->addItem(QStringLiteral("%1:%2: %3")
-                                .arg(rows_.back().path)
+                                .arg(ShownText(rows_.back().path))
                                 .arg(m.line)
-                                .arg(FromBytes(m.text)));
+                                .arg(ShownText(FromBytes(m.text))));
         ++count_;
     }
     lstResults->setUpdatesEnabled(true);

@@ -30,6 +30,19 @@ cmp -s "$WORK/hello world.c~" "$WORK/hello world.c" ||
 kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM"
 
+# A name that is not UTF-8 (Latin-1 "café") is loaded, shown readably, and kept as its bytes
+# in the recent files.
+latin1="$WORK/caf"$'\xe9'".txt"
+printf 'latin\n' >"$latin1"
+"$KESTRUM" "$latin1" &
+PIDS+=($!)
+main_pid=$!
+wait_for_window "^café\.txt - Kestrum$" >/dev/null || fail "no window showing café.txt"
+[ -f "$latin1~" ] || fail "the file with a Latin-1 name was not loaded"
+kill -TERM "$main_pid"
+wait_gone "$main_pid" || fail "editor did not end on TERM"
+[ "$(settings_value RecentFile1)" = "$latin1" ] || fail "the recent file lost its bytes"
+
 # A TERM that comes while a large file is still being loaded and coloured is served once
 # the editor can close, and the close still writes the window keys.
 sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"

@@ -59,6 +59,10 @@ kill -0 "$main_pid" || fail "the first instance is gone"
 printf 'sent\n' >"$WORK/sent.txt"
 (cd "$WORK" && "$SEND" LOADFILE sent.txt) || fail "kestrum-send LOADFILE failed"
 [ -f "$WORK/sent.txt~" ] || fail "kestrum-send LOADFILE did not open the file"
+latin1="caf"$'\xe9'".txt" # a name that is not UTF-8 goes over as its bytes
+printf 'latin\n' >"$WORK/$latin1"
+(cd "$WORK" && "$SEND" LOADFILE "$latin1") || fail "kestrum-send LOADFILE (Latin-1 name) failed"
+[ -f "$WORK/$latin1~" ] || fail "kestrum-send LOADFILE did not open a file named in Latin-1"
 echo "piped text" | "$SEND" MAKEFILE || fail "kestrum-send MAKEFILE failed"
 "$SEND" NOTAWORD </dev/null || fail "an ignored word is still taken"
 

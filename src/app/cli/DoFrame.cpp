@@ -5,7 +5,6 @@
 #include "editor/DocumentHost.h"
 #include "editor/frmDocument.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <charconv>
 #include <ostream>
@@ -65,7 +64,7 @@ int RunKestrumDo(const std::vector<std::string>& args, std::span<const DoCommand
             run.file = run.args.back();
             run.args.pop_back();
             QString error;
-            run.doc = Host().OpenFileInNewDocument(QFile::decodeName(run.file.c_str()), {},
+            run.doc = Host().OpenFileInNewDocument(FromBytes(run.file), {},
                                                    false, &error);
             if (!run.doc) throw DoUsageError(run.file + ": " + error.toStdString());
             if (select) {

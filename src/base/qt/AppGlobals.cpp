@@ -1,7 +1,9 @@
 #include "base/qt/AppGlobals.h"
 
 #include "base/DataFolders.h"
+#include "base/NameCodec.h"
 #include "base/PathHelpers.h"
+#include "base/TextCodec.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -90,15 +92,31 @@ QColor ColorFromLong(int32_t c) {
 
 int32_t LongFromColor(const QColor& c) { return RGB(c.red(), c.green(), c.blue()); }
 
-// Settings, paths and keyword lists are bytes; the user interface shows them as UTF-8 where
-// they are valid UTF-8, otherwise byte for byte as Latin-1, and turns them back likewise.
+// Settings, paths and keyword lists are bytes; the user interface shows them as UTF-8. Bytes
+// that are not UTF-8 are carried as escapes (see NameCodec.h), so that a name goes back to
+// the system as the very bytes it came as.
 QString FromBytes(std::string_view b) {
-    QString s = QString::fromUtf8(b.data(), qsizetype(b.size()));
-    if (!s.contains(QChar::ReplacementCharacter)) return s;
-    return QString::fromLatin1(b.data(), qsizetype(b.size()));
+    if (IsValidUtf8(b)) return QString::fromUtf8(b.data(), qsizetype(b.size()));
+    std::u16string u = DecodeNameBytes(b);
+    return QString(reinterpret_cast<const QChar*>(u.data()), qsizetype(u.size()));
 }
 
 std::string ToBytes(const QString& s) {
+    const char16_t* u = reinterpret_cast<const char16_t*>(s.utf16());
+    const std::u16string_view text(u, size_t(s.size()));
+    for (char16_t c : text)
+        if (c >= 0xD800 && c <= 0xDFFF) return EncodeNameText(text);
     QByteArray b = s.toUtf8();
     return std::string(b.constData(), size_t(b.size()));
+}
+
+QString ShownText(const QString& s) {
+    QString shown = s;
+    for (QChar& c : shown) {
+        if (!IsEscapedByte(c.unicode())) continue;
+        // Latin-1 reads well for the usual 8-bit names; its control range shows as U+FFFD.
+        const char16_t byte = char16_t(c.unicode() - 0xDC00);
+        c = byte >= 0xA0 ? QChar(byte) : QChar::ReplacementCharacter;
+    }
+    return shown;
 }

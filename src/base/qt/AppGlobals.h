@@ -40,6 +40,11 @@ PrintMargins& g_PrintMargins();
 QColor ColorFromLong(int32_t c);
 int32_t LongFromColor(const QColor& c);
 
-// Bytes of a setting, a file name or a keyword list as the program keeps them.
+// Bytes of a setting, a file name or a keyword list as the program keeps them. The round trip
+// is exact: bytes that are not UTF-8 are held as lone surrogates (see NameCodec.h), so a path
+// must reach the system through ToBytes, never through Qt's own file name encoding.
 QString FromBytes(std::string_view b);
 std::string ToBytes(const QString& s);
+// Text fit to show (captions, tabs, messages): bytes held as escapes shown as Latin-1, or as
+// U+FFFD where that would be a control character. Never turned back into a path.
+QString ShownText(const QString& s);

@@ -1,0 +1,86 @@
+// A file name that is not UTF-8 (here Latin-1 "café") reaches the file as the bytes the
+// system gave, on every road in: the command line, the request channel, a drop, the recent
+// files kept in the settings file; and a save writes under that very name.
+#include "ChannelHelpers.h"
+#include "app/FileCommandsFixture.h"
+
+#include <QMimeData>
+#include <QUrl>
+#include <filesystem>
+
+namespace {
+
+struct NonUtf8NamesTest : FileCommandsFixture {
+    void SetUp() override {
+        FileCommandsFixture::SetUp();
+        file = tmp.write("caf\xE9.txt", "one\n");
+    }
+    // The folder's entries: a name re-encoded on the way would show up as a second file.
+    std::vector<std::string> Entries() {
+        std::vector<std::string> names;
+        for (const auto& e : std::filesystem::directory_iterator(tmp.path()))
+            if (e.is_regular_file()) names.push_back(e.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    // The active document holds the file under its own name and shows it readably.
+    void ExpectOpened(const char* how) {
+        SCOPED_TRACE(how);
+        frmDocument* d = Doc();
+        ASSERT_NE(d, nullptr);
+        EXPECT_EQ(ToBytes(d->Tag), file);
+        EXPECT_EQ(Text(d), "one\r\n");
+        EXPECT_EQ(d->Caption(), QString::fromUtf8("caf\u00E9.txt"));
+        EXPECT_EQ(TabText(d->TabKey()), d->Caption());
+        EXPECT_EQ(ToBytes(main->RecentFiles[1]), file);
+    }
+    std::string file;
+};
+
+TEST_F(NonUtf8NamesTest, CommandLineSaveAndRecentFilesKeepTheBytes) {
+    main->close();
+    Start(FromBytes(file));
+    ExpectOpened("command line");
+
+    Doc()->rtfText->SetText("two\r\n");
+    main->mnuFileSave_Click();
+    EXPECT_EQ(ReadFileBytes(file), "two\n");
+    EXPECT_EQ(Entries(), std::vector<std::string>{"caf\xE9.txt"});
+
+    // Through the settings file into the next start, and open from the menu again.
+    for (frmDocument* d : Documents().OpenDocuments()) d->Changed = false;
+    main->close();
+    EXPECT_NE(ReadFileBytes(tmp.file("config/Kestrum.ini")).find(file), std::string::npos);
+    Start();
+    EXPECT_EQ(ToBytes(main->RecentFiles[1]), file);
+    main->mnuFileRecent_Click(1);
+    Settle();
+    EXPECT_EQ(ToBytes(Doc()->Tag), file);
+    EXPECT_EQ(Text(Doc()), "two\r\n");
+}
+
+TEST_F(NonUtf8NamesTest, TheChannelAndADropOpenTheFile) {
+    {
+        ScopedRuntimeDir runtime;
+        ASSERT_TRUE(SingleInstance::Listen(
+            "KestrumNamesTest", [this](const QByteArray& r) { main->Subclass_WndProc(r); }));
+        ThreadedSend send("KestrumNamesTest", "LOADFILE" + QByteArray::fromStdString(file));
+        ASSERT_TRUE(send.Wait() && send.Ok());
+        Settle();
+        ExpectOpened("channel");
+        SingleInstance::Stop();
+    }
+    Doc()->CloseWith(frmDocument::vbFormCode);
+    Settle();
+
+    // A file manager sends the name percent-encoded byte for byte.
+    QMimeData data;
+    data.setData("text/uri-list", "file://" + QByteArray::fromStdString(file).toPercentEncoding("/") +
+                                      "\r\n");
+    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main.get(), &drop);
+    Settle();
+    ExpectOpened("drop");
+}
+
+} // namespace
