@@ -11,4 +11,6 @@ std::u16string DecodeNameBytes(std::string_view bytes);
 // never makes) is written as U+FFFD.
 std::string EncodeNameText(std::u16string_view text);
 // True for a unit that stands for a byte that was not UTF-8.
-constexpr bool IsEscapedByte(char16_t u) { return u >= 0xDC80 && u <= 0xDCFF; }
+constexpr bool IsEscapedByte(char16_t u) {
+    return u >= 0xDC80 && u <= 0xDCFF;
+}

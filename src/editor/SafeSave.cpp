@@ -15,13 +15,15 @@ namespace {
 
 bool temporaryFilesRefused = false;
 
-QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
+QString Reason(int code) {
+    return QString::fromLocal8Bit(std::strerror(code));
+}
 
 // Writes all bytes at the offset; the errno of the first failure, 0 when all went.
 int WriteAllAt(int fd, std::string_view bytes, off_t offset) {
     for (size_t done = 0; done < bytes.size();) {
-        ssize_t n = ::pwrite(fd, bytes.data() + done, std::min<size_t>(bytes.size() - done, 1 << 20),
-                             offset + off_t(done));
+        ssize_t n = ::pwrite(fd, bytes.data() + done,
+                             std::min<size_t>(bytes.size() - done, 1 << 20), offset + off_t(done));
         if (n > 0)
             done += size_t(n);
         else if (n == 0)
@@ -100,8 +102,7 @@ enum class Replace { Done, Failed, NoTemporary, InPlace };
 // whole. The data is not forced to the disk before the rename: that would double the cost of
 // every save for protection against power loss alone, which the file system's handling of a
 // rename over an existing file already gives.
-Replace ReplaceThroughTemporary(const std::string& path, std::string_view bytes,
-                                QString* error) {
+Replace ReplaceThroughTemporary(const std::string& path, std::string_view bytes, QString* error) {
     auto fail = [error](int code) {
         if (error) *error = Reason(code);
         return Replace::Failed;

@@ -24,23 +24,29 @@ struct NonUtf8NamesTest : FileCommandsFixture {
         return names;
     }
     // The active document holds the file under its own name and shows it readably.
-    void ExpectOpened(const char* how) {
-        SCOPED_TRACE(how);
+    void ExpectOpened(const std::string& path, const QString& caption) {
         frmDocument* d = Doc();
         ASSERT_NE(d, nullptr);
-        EXPECT_EQ(ToBytes(d->Tag), file);
+        EXPECT_EQ(ToBytes(d->Tag), path);
         EXPECT_EQ(Text(d), "one\r\n");
-        EXPECT_EQ(d->Caption(), QString::fromUtf8("caf\u00E9.txt"));
-        EXPECT_EQ(TabText(d->TabKey()), d->Caption());
-        EXPECT_EQ(ToBytes(main->RecentFiles[1]), file);
+        EXPECT_EQ(d->Caption(), caption);
+        EXPECT_EQ(TabText(d->TabKey()), caption);
+        EXPECT_EQ(ToBytes(main->RecentFiles[1]), path);
+    }
+    // The old window goes before the next one starts, as between two runs of the program.
+    void Restart(const QString& commandLine = {}) {
+        for (frmDocument* d : Documents().OpenDocuments()) d->Changed = false;
+        main->close();
+        main.reset();
+        Start(commandLine);
     }
     std::string file;
+    const QString cafe = QString::fromUtf8("caf\u00E9.txt");
 };
 
 TEST_F(NonUtf8NamesTest, CommandLineSaveAndRecentFilesKeepTheBytes) {
-    main->close();
-    Start(FromBytes(file));
-    ExpectOpened("command line");
+    Restart(FromBytes(file));
+    ExpectOpened(file, cafe);
 
     Doc()->rtfText->SetText("two\r\n");
     main->mnuFileSave_Click();
@@ -48,10 +54,8 @@ TEST_F(NonUtf8NamesTest, CommandLineSaveAndRecentFilesKeepTheBytes) {
     EXPECT_EQ(Entries(), std::vector<std::string>{"caf\xE9.txt"});
 
     // Through the settings file into the next start, and open from the menu again.
-    for (frmDocument* d : Documents().OpenDocuments()) d->Changed = false;
-    main->close();
+    Restart();
     EXPECT_NE(ReadFileBytes(tmp.file("config/Kestrum.ini")).find(file), std::string::npos);
-    Start();
     EXPECT_EQ(ToBytes(main->RecentFiles[1]), file);
     main->mnuFileRecent_Click(1);
     Settle();
@@ -67,20 +71,23 @@ TEST_F(NonUtf8NamesTest, TheChannelAndADropOpenTheFile) {
         ThreadedSend send("KestrumNamesTest", "LOADFILE" + QByteArray::fromStdString(file));
         ASSERT_TRUE(send.Wait() && send.Ok());
         Settle();
-        ExpectOpened("channel");
+        ExpectOpened(file, cafe);
         SingleInstance::Stop();
     }
-    Doc()->CloseWith(frmDocument::vbFormCode);
-    Settle();
 
-    // A file manager sends the name percent-encoded byte for byte.
+    // A file manager sends the name percent-encoded byte for byte. A control byte shows as
+    // U+FFFD.
+    const std::string other = tmp.write("na\x85ve.txt", "one\n");
     QMimeData data;
-    data.setData("text/uri-list", "file://" + QByteArray::fromStdString(file).toPercentEncoding("/") +
-                                      "\r\n");
-    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(main.get(), &drop);
+    data.setData("text/uri-list",
+                 "file://" + QByteArray::fromStdString(other).toPercentEncoding("/") + "\r\n");
+    QPoint at(5, 5);
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main->tabFiles, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main->tabFiles, &drop);
     Settle();
-    ExpectOpened("drop");
+    ExpectOpened(other, QString::fromUtf8("na\uFFFDve.txt"));
 }
 
 } // namespace

@@ -19,7 +19,7 @@ TEST(NameCodec, BytesSurviveTheRoundTrip) {
              {"\xE9\xC3\xA9", u"\xDCE9\u00E9"},
              {"\xE2\x82x", u"\xDCE2\xDC82x"},
              {"end\xE2\x82", u"end\xDCE2\xDC82"},
-             {"\xC0\xAF", u"\xDCC0\xDCAF"},         // overlong
+             {"\xC0\xAF", u"\xDCC0\xDCAF"},           // overlong
              {"\xED\xB2\x80", u"\xDCED\xDCB2\xDC80"}, // an encoded surrogate
              {"\xF4\x90\x80\x80", u"\xDCF4\xDC90\xDC80\xDC80"},
              {"\xFF\x80", u"\xDCFF\xDC80"},

@@ -64,8 +64,7 @@ int RunKestrumDo(const std::vector<std::string>& args, std::span<const DoCommand
             run.file = run.args.back();
             run.args.pop_back();
             QString error;
-            run.doc = Host().OpenFileInNewDocument(FromBytes(run.file), {},
-                                                   false, &error);
+            run.doc = Host().OpenFileInNewDocument(FromBytes(run.file), {}, false, &error);
             if (!run.doc) throw DoUsageError(run.file + ": " + error.toStdString());
             if (select) {
                 run.doc->rtfText->SetSelStart(select->first);
