@@ -37,7 +37,10 @@ bool OpenFileAt(QFile& f, const QString& path, QIODevice::OpenMode mode, QString
         if (error) *error = QString::fromLocal8Bit(std::strerror(code));
         return false;
     };
-    if (path.isEmpty()) return fail(ENOENT);
+    if (path.isEmpty()) {
+        if (error) *error = QStringLiteral("No file name specified"); // as QFile says it
+        return false;
+    }
     int fd;
     do {
         fd = ::open(ToBytes(path).c_str(), OpenFlags(mode), 0666);
