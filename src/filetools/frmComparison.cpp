@@ -59,7 +59,7 @@ QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
         return Shown(col == 1 ? result_->Text1(row) : result_->Text2(row));
     case kFullTextRole:
         if (col == 0) return QString::number(row.pair);
-        return FromBytes(col == 1 ? result_->Text1(row) : result_->Text2(row));
+        return ShownText(FromBytes(col == 1 ? result_->Text1(row) : result_->Text2(row)));
     case Qt::DecorationRole:
         if (col == 0) return Image(ComparisonResult::Icon(row));
         return {};

@@ -110,7 +110,7 @@ std::string CaptureView::Read(std::uint64_t from, std::uint64_t to) const {
 }
 
 QString CaptureView::Text() const {
-    return FromBytes(Read(0, index_.size()));
+    return ShownText(FromBytes(Read(0, index_.size())));
 }
 
 std::vector<std::string> CaptureView::Heads(int first, int last) const {
@@ -285,7 +285,7 @@ void CaptureView::SetSelection(std::uint64_t anchor, std::uint64_t caret) {
 QString CaptureView::SelectedText() const {
     const std::uint64_t from = std::min(anchor_, caret_);
     const std::uint64_t to = std::min(std::max(anchor_, caret_), from + kCopyMost);
-    return FromBytes(Read(from, to));
+    return ShownText(FromBytes(Read(from, to)));
 }
 
 void CaptureView::copy() const {
