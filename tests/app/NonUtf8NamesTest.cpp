@@ -2,7 +2,7 @@
 // system gave, on every road in: the command line, the request channel, a drop, the recent
 // files kept in the settings file; and a save writes under that very name.
 #include "ChannelHelpers.h"
-#include "app/FileCommandsFixture.h"
+#include "app/AppTest.h"
 
 #include <QMimeData>
 #include <QUrl>
