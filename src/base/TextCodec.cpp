@@ -5,6 +5,10 @@
 #include <cstdint>
 #include <cstring>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 bool IsAllCrLf(std::string_view b) {
     const char* p = b.data();
     const char* end = p + b.size();
@@ -90,49 +94,72 @@ std::string StripCr(std::string_view b) {
     return out;
 }
 
-void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
-    size_t i = 0;
-    if (pendingCr_ && !chunk.empty()) {
-        out += "\r\n";
-        if (chunk[0] == '\n') i = 1;
-        ++(i == 1 ? crLf_ : cr_);
+namespace {
+// Copies the bytes before the first CR or LF of [from, end) to out and returns how many.
+// Whole blocks of 16 bytes are stored before they are looked at, which is why this is many
+// times faster than a search and a copy per line on text of short lines; a block is only
+// taken while 16 bytes remain, so nothing lands beyond out + (end - from).
+inline size_t CopyToLineEnd(const char* from, const char* end, char* out) {
+    const char* p = from;
+#if defined(__SSE2__)
+    const __m128i lf = _mm_set1_epi8('\n'), cr = _mm_set1_epi8('\r');
+    for (; end - p >= 16; p += 16, out += 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), block);
+        const int hits = _mm_movemask_epi8(
+            _mm_or_si128(_mm_cmpeq_epi8(block, lf), _mm_cmpeq_epi8(block, cr)));
+        if (hits != 0) return size_t(p - from) + size_t(__builtin_ctz(unsigned(hits)));
+    }
+#endif
+    for (; p < end && *p != '\n' && *p != '\r'; ++p) *out++ = *p;
+    return size_t(p - from);
+}
+} // namespace
+
+char* CrLfNormalizer::Convert(std::string_view chunk, char* out) {
+    const char* p = chunk.data();
+    const char* const end = p + chunk.size();
+    if (pendingCr_ && p < end) {
+        *out++ = '\r';
+        *out++ = '\n';
+        ++(*p == '\n' ? crLf_ : cr_);
+        if (*p == '\n') ++p;
         pendingCr_ = false;
     }
-    const char* base = chunk.data();
-    const size_t n = chunk.size();
-    out.reserve(out.size() + n + n / 8 + 2);
-    // The next CR and the next LF, found with memchr: text between line ends is copied whole.
-    auto next = [&](char c, size_t from) {
-        const void* p = from < n ? std::memchr(base + from, c, n - from) : nullptr;
-        return p ? size_t(static_cast<const char*>(p) - base) : n;
-    };
-    size_t cr = next('\r', i), lf = next('\n', i), start = i;
-    while (cr < n || lf < n) {
-        if (cr < lf) {
-            if (cr + 1 == n) { // the LF that may follow comes with the next chunk
-                out.append(base + start, cr - start);
-                pendingCr_ = true;
-                return;
-            }
-            if (base[cr + 1] == '\n') { // CR LF stays as it is
-                ++crLf_;
-                lf = next('\n', cr + 2);
-            } else {
-                ++cr_;
-                out.append(base + start, cr - start);
-                out += "\r\n";
-                start = cr + 1;
-            }
-            cr = next('\r', cr + 1);
-        } else {
+    while (p < end) {
+        const size_t run = CopyToLineEnd(p, end, out);
+        p += run;
+        out += run;
+        if (p == end) break;
+        if (*p == '\n') {
             ++lf_;
-            out.append(base + start, lf - start);
-            out += "\r\n";
-            start = lf + 1;
-            lf = next('\n', lf + 1);
+            ++p;
+        } else if (p + 1 == end) { // the LF that may follow comes with the next chunk
+            pendingCr_ = true;
+            return out;
+        } else if (p[1] == '\n') { // CR LF stays as it is
+            ++crLf_;
+            p += 2;
+        } else {
+            ++cr_;
+            ++p;
         }
+        *out++ = '\r';
+        *out++ = '\n';
     }
-    out.append(base + start, n - start);
+    return out;
+}
+
+void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
+    out.reserve(out.size() + chunk.size() + chunk.size() / 8 + 2);
+    // Converted piece by piece through a buffer that stays in the processor's cache, each
+    // piece then appended whole.
+    constexpr size_t kPiece = 16 << 10;
+    char converted[2 * kPiece + 2];
+    for (size_t at = 0; at < chunk.size(); at += kPiece) {
+        const char* to = Convert(chunk.substr(at, kPiece), converted);
+        out.append(converted, size_t(to - converted));
+    }
 }
 
 void CrLfNormalizer::Finish(std::string& out) {

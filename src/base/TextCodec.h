@@ -26,6 +26,9 @@ class CrLfNormalizer {
   public:
     // Appends the converted chunk to out. A CR at the end of a chunk waits for the next one.
     void Feed(std::string_view chunk, std::string& out);
+    // The same into a buffer with room for 2 * chunk.size() + 2 bytes; returns the end of
+    // what was written.
+    char* Convert(std::string_view chunk, char* out);
     void Finish(std::string& out);
     // The style of the line ends seen so far.
     LineEndStyle Style() const;

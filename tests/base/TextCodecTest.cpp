@@ -1,5 +1,7 @@
 #include "base/TextCodec.h"
 
+#include <memory>
+
 #include <gtest/gtest.h>
 
 TEST(TextCodec, LineEndsBecomeCrLf) {
@@ -57,6 +59,35 @@ TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
             EXPECT_EQ(out, ToCrLf(t)) << "chunk " << chunk;
             EXPECT_EQ(utf.Finish(), IsValidUtf8(t)) << "chunk " << chunk << " of " << t;
         }
+    }
+}
+
+// Text is copied 16 bytes at a time: a line end of each kind must be found wherever it falls
+// in a block, a pair must stay one line end across two blocks, and nothing may be written
+// beyond the room Convert asks for (2 bytes a byte, plus a CR left from the last chunk).
+TEST(TextCodec, BlockwiseConversionFindsEveryLineEnd) {
+    std::string line(40, 'x');
+    line[3] = '\0';
+    line[19] = '\xE9';
+    for (const char* end : {"\n", "\r", "\r\n", "\n\r", "\r\r\n"}) {
+        for (size_t at = 0; at <= line.size(); ++at) {
+            const std::string text = line.substr(0, at) + end + line.substr(at);
+            CrLfNormalizer norm;
+            std::string out;
+            norm.Feed(text, out);
+            norm.Finish(out);
+            EXPECT_EQ(out, ToCrLf(text)) << "offset " << at;
+        }
+    }
+    const std::string crs(37, '\r'), plain(37, 'y');
+    for (const std::string& chunk : {crs, plain}) {
+        CrLfNormalizer norm;
+        std::string first;
+        norm.Feed("a\r", first); // its CR waits for the next chunk
+        auto room = std::make_unique<char[]>(2 * chunk.size() + 2);
+        std::string out = first + std::string(room.get(), norm.Convert(chunk, room.get()));
+        norm.Finish(out);
+        EXPECT_EQ(out, ToCrLf("a\r" + chunk));
     }
 }
 
