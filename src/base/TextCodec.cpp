@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
+#if defined(__x86_64__) || defined(__i386__)
+#include <immintrin.h>
 #endif
 
 bool IsAllCrLf(std::string_view b) {
@@ -94,27 +94,86 @@ std::string StripCr(std::string_view b) {
     return out;
 }
 
+#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
+#define KESTRUM_SHUFFLE_LINE_ENDS 1
 namespace {
-// Copies the bytes before the first CR or LF of [from, end) to out and returns how many.
-// Whole blocks of 16 bytes are stored before they are looked at, which is why this is many
-// times faster than a search and a copy per line on text of short lines; a block is only
-// taken while 16 bytes remain, so nothing lands beyond out + (end - from).
-inline size_t CopyToLineEnd(const char* from, const char* end, char* out) {
-    const char* p = from;
-#if defined(__SSE2__)
-    const __m128i lf = _mm_set1_epi8('\n'), cr = _mm_set1_epi8('\r');
-    for (; end - p >= 16; p += 16, out += 16) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), block);
-        const int hits = _mm_movemask_epi8(
-            _mm_or_si128(_mm_cmpeq_epi8(block, lf), _mm_cmpeq_epi8(block, cr)));
-        if (hits != 0) return size_t(p - from) + size_t(__builtin_ctz(unsigned(hits)));
+// For each pattern of 8 bits: the byte shuffle that spreads 8 bytes apart with a byte 15 (an
+// LF) inserted after each marked one, and how long the result is.
+struct SpreadTable {
+    alignas(16) uint8_t shuffle[256][16];
+    uint8_t length[256];
+};
+
+constexpr SpreadTable MakeSpreadTable() {
+    SpreadTable t{};
+    for (int bits = 0; bits < 256; ++bits) {
+        int o = 0;
+        for (int i = 0; i < 8; ++i) {
+            t.shuffle[bits][o++] = uint8_t(i);
+            if ((bits >> i) & 1) t.shuffle[bits][o++] = 15;
+        }
+        t.length[bits] = uint8_t(o);
+        for (; o < 16; ++o) t.shuffle[bits][o] = 0x80; // zero: overwritten by the next store
     }
-#endif
-    for (; p < end && *p != '\n' && *p != '\r'; ++p) *out++ = *p;
-    return size_t(p - from);
+    return t;
+}
+
+constexpr SpreadTable kSpread = MakeSpreadTable();
+
+bool CanShuffle() {
+    static const bool can = __builtin_cpu_supports("ssse3");
+    return can;
+}
+
+// Converts 16 bytes a step, with no branch per line, which on text of short lines is twice as
+// fast as stopping at each line end: a line end of its own (an LF not after a CR, a CR not
+// before an LF) becomes a CR with an LF inserted after it; CR LF passes as it is. Reads p[-1]
+// and p[16], so it runs from the second byte of a chunk while 17 bytes remain; returns where
+// it stopped, having finished a CR LF pair whose CR was the last byte of a step. The kinds of
+// line ends seen are or'ed into the three flags.
+__attribute__((target("ssse3"))) const char* ConvertBlocks(const char* p, const char* end,
+                                                           char*& out, bool& crLf, bool& lf,
+                                                           bool& cr) {
+    const __m128i kLf = _mm_set1_epi8('\n'), kCr = _mm_set1_epi8('\r');
+    const __m128i kLfToCr = _mm_set1_epi8('\n' ^ '\r');
+    const __m128i kLow = _mm_set_epi64x(0, -1);
+    const __m128i kLfAt15 = _mm_set_epi8('\n', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    __m128i seenPair = _mm_setzero_si128(), seenLf = seenPair, seenCr = seenPair;
+    char* o = out;
+    for (; end - p >= 17; p += 16) {
+        const __m128i at = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        const __m128i before = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p - 1));
+        const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 1));
+        const __m128i isCr = _mm_cmpeq_epi8(at, kCr);
+        const __m128i lfAfter = _mm_cmpeq_epi8(after, kLf);
+        const __m128i loneLf = _mm_andnot_si128(_mm_cmpeq_epi8(before, kCr), _mm_cmpeq_epi8(at, kLf));
+        const __m128i loneCr = _mm_andnot_si128(lfAfter, isCr);
+        seenPair = _mm_or_si128(seenPair, _mm_and_si128(isCr, lfAfter));
+        seenLf = _mm_or_si128(seenLf, loneLf);
+        seenCr = _mm_or_si128(seenCr, loneCr);
+        const unsigned lone = unsigned(_mm_movemask_epi8(_mm_or_si128(loneLf, loneCr)));
+        const __m128i bytes = _mm_xor_si128(at, _mm_and_si128(loneLf, kLfToCr));
+        const __m128i low = _mm_or_si128(_mm_and_si128(bytes, kLow), kLfAt15);
+        const __m128i high = _mm_or_si128(_mm_srli_si128(bytes, 8), kLfAt15);
+        const unsigned lowBits = lone & 0xFF, highBits = lone >> 8;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(o),
+                         _mm_shuffle_epi8(low, _mm_load_si128(reinterpret_cast<const __m128i*>(
+                                                   kSpread.shuffle[lowBits]))));
+        o += kSpread.length[lowBits];
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(o),
+                         _mm_shuffle_epi8(high, _mm_load_si128(reinterpret_cast<const __m128i*>(
+                                                    kSpread.shuffle[highBits]))));
+        o += kSpread.length[highBits];
+    }
+    if (p[-1] == '\r' && *p == '\n') *o++ = *p++; // the CR went out as the pair's first half
+    crLf |= _mm_movemask_epi8(seenPair) != 0;
+    lf |= _mm_movemask_epi8(seenLf) != 0;
+    cr |= _mm_movemask_epi8(seenCr) != 0;
+    out = o;
+    return p;
 }
 } // namespace
+#endif
 
 char* CrLfNormalizer::Convert(std::string_view chunk, char* out) {
     const char* p = chunk.data();
@@ -122,26 +181,36 @@ char* CrLfNormalizer::Convert(std::string_view chunk, char* out) {
     if (pendingCr_ && p < end) {
         *out++ = '\r';
         *out++ = '\n';
-        ++(*p == '\n' ? crLf_ : cr_);
+        (*p == '\n' ? crLf_ : cr_) = true;
         if (*p == '\n') ++p;
         pendingCr_ = false;
     }
     while (p < end) {
-        const size_t run = CopyToLineEnd(p, end, out);
-        p += run;
-        out += run;
-        if (p == end) break;
-        if (*p == '\n') {
-            ++lf_;
+#ifdef KESTRUM_SHUFFLE_LINE_ENDS
+        if (p > chunk.data() && end - p >= 17 && CanShuffle()) {
+            p = ConvertBlocks(p, end, out, crLf_, lf_, cr_);
+            continue;
+        }
+#endif
+        // The first byte of a chunk and the last few, or all of it where the processor
+        // cannot shuffle bytes, one at a time.
+        const char c = *p;
+        if (c != '\n' && c != '\r') {
+            *out++ = c;
+            ++p;
+            continue;
+        }
+        if (c == '\n') {
+            lf_ = true;
             ++p;
         } else if (p + 1 == end) { // the LF that may follow comes with the next chunk
             pendingCr_ = true;
             return out;
         } else if (p[1] == '\n') { // CR LF stays as it is
-            ++crLf_;
+            crLf_ = true;
             p += 2;
         } else {
-            ++cr_;
+            cr_ = true;
             ++p;
         }
         *out++ = '\r';
@@ -165,16 +234,15 @@ void CrLfNormalizer::Feed(std::string_view chunk, std::string& out) {
 void CrLfNormalizer::Finish(std::string& out) {
     if (pendingCr_) {
         out += "\r\n";
-        ++cr_;
+        cr_ = true;
     }
     pendingCr_ = false;
 }
 
 LineEndStyle CrLfNormalizer::Style() const {
-    const int kinds = int(crLf_ > 0) + int(lf_ > 0) + int(cr_ > 0);
-    if (kinds > 1) return LineEndStyle::Mixed;
-    if (crLf_ > 0) return LineEndStyle::CrLf;
-    if (cr_ > 0) return LineEndStyle::Cr;
+    if (int(crLf_) + int(lf_) + int(cr_) > 1) return LineEndStyle::Mixed;
+    if (crLf_) return LineEndStyle::CrLf;
+    if (cr_) return LineEndStyle::Cr;
     return LineEndStyle::Lf;
 }
 

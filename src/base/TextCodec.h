@@ -35,7 +35,7 @@ class CrLfNormalizer {
 
   private:
     bool pendingCr_ = false;
-    size_t crLf_ = 0, lf_ = 0, cr_ = 0;
+    bool crLf_ = false, lf_ = false, cr_ = false; // the kinds of line ends seen
 };
 
 class Utf8Validator {

@@ -1,6 +1,7 @@
 #include "base/TextCodec.h"
 
 #include <memory>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -62,8 +63,8 @@ TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
     }
 }
 
-// Text is copied 16 bytes at a time: a line end of each kind must be found wherever it falls
-// in a block, a pair must stay one line end across two blocks, and nothing may be written
+// Text is converted 16 bytes a step: a line end of each kind must be found wherever it falls
+// in a step, a pair must stay one line end across two steps, and nothing may be written
 // beyond the room Convert asks for (2 bytes a byte, plus a CR left from the last chunk).
 TEST(TextCodec, BlockwiseConversionFindsEveryLineEnd) {
     std::string line(40, 'x');
@@ -78,6 +79,22 @@ TEST(TextCodec, BlockwiseConversionFindsEveryLineEnd) {
             norm.Finish(out);
             EXPECT_EQ(out, ToCrLf(text)) << "offset " << at;
         }
+    }
+    // Random texts of line ends, NULs and high bytes: converted whole they agree with the
+    // same text fed a byte at a time, which never takes the block path.
+    std::mt19937 random(7);
+    const char alphabet[] = {'a', '\r', '\n', '\0', '\xE9'};
+    for (int i = 0; i < 2000; ++i) {
+        std::string text(random() % 80, 'a');
+        for (char& c : text) c = alphabet[random() % 5];
+        CrLfNormalizer whole, bytewise;
+        std::string a, b;
+        whole.Feed(text, a);
+        whole.Finish(a);
+        for (char c : text) bytewise.Feed(std::string_view(&c, 1), b);
+        bytewise.Finish(b);
+        EXPECT_EQ(a, b) << i;
+        EXPECT_EQ(whole.Style(), bytewise.Style()) << i;
     }
     const std::string crs(37, '\r'), plain(37, 'y');
     for (const std::string& chunk : {crs, plain}) {
