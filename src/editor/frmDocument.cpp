@@ -6,6 +6,7 @@
 #include "components/cDialogs.h"
 #include "editor/DocumentArray.h"
 #include "editor/DocumentHost.h"
+#include "editor/StyleStretches.h"
 #include "editor/core/LineCommand.h"
 #include "profiles/core/ProfileFile.h"
 #include "profiles/core/SyntaxAssociations.h"
@@ -348,12 +349,19 @@ PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)
     PaintFlags flags{codingInProgress_, ChangedHighLight};
     EditorSettings settings = settings_;
     // The painter never reads in front of the range it colours, so it sees the text from the
-    // range's start on, and its positions count from there.
-    // A whole text's slots are made room for at once: grown by doubling, the old and the new
-    // buffer would be held together at the last growth, half as much again as the text.
-    SlotBuffer painted(0, wholeText ? rtfText->TextLength() - viewStart : 0);
+    // range's start on, and its positions count from there. A whole text's colours go into
+    // the control stretch by stretch; a range's are collected and written at the end.
+    SlotBuffer painted;
+    std::optional<StyleStretches> stretches;
+    if (wholeText) stretches.emplace(*rtfText, viewStart, rtfText->TextLength() - viewStart);
     const quint64 version = rtfText->Version();
-    PaintContext ctx{rtfText->TextViewFrom(viewStart), settings, flags, painted, nullptr, nullptr};
+    PaintContext ctx{rtfText->TextViewFrom(viewStart),
+                     settings,
+                     flags,
+                     stretches ? static_cast<PaintTarget&>(*stretches) : painted,
+                     nullptr,
+                     nullptr};
+    if (stretches) ctx.StretchBytes = stretches->StretchBytes(ctx.StretchBytes);
     ctx.Yield = [self, version] {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return self && !self->unloaded_ && self->rtfText->Version() == version;
@@ -371,10 +379,12 @@ PassResult frmDocument::RunPainter(const std::function<PassResult(PaintContext&)
     codingInProgress_ = true;
     PassResult r = pass(ctx);
     if (!self) return PassResult::Aborted;
-    if (r != PassResult::Aborted && rtfText->Version() == version) {
+    if (r != PassResult::Aborted && rtfText->Version() == version && stretches) {
+        stretches->Apply();
+    } else if (r != PassResult::Aborted && rtfText->Version() == version) {
         // Long stretches are handed over unwritten: the control takes their colours as it
-        // shows them, and writing those of a whole large document would cost more than
-        // painting them. The usual one, the whole window, goes over without a copy.
+        // shows them, and writing them all would cost more than painting them. One that is
+        // the whole of what was painted goes over without a copy.
         bool takeAll = false;
         painted.ForEachSpan([&](int64_t start, const uint8_t* p, int64_t n) {
             if (n < kDeferStylesFrom)

@@ -72,6 +72,15 @@ void Expect(const PaintHarness& fast, const RefDocument& ref, const char* pass, 
     EXPECT_EQ(fast.settings.Delimiters, ref.settings.Delimiters) << what;
 }
 
+// A target with no bytes of its own: a whole-document pass hands it each stretch run by run.
+struct RunsOnly final : PaintTarget {
+    SlotBuffer& to;
+    explicit RunsOnly(SlotBuffer& slots) : to(slots) {}
+    void Paint(int64_t start, int64_t length, ColorSlot slot) override {
+        to.Paint(start, length, slot);
+    }
+};
+
 // Both painters set up alike from one seed.
 struct Pair {
     PaintHarness fast;
@@ -93,8 +102,15 @@ TEST(PainterCrossCheck, EveryPass) {
         const std::string text = r.Text();
         const int64_t n = int64_t(text.size());
         {
+            // In stretches down to a byte, so that finds and pairs reach across them; every
+            // other seed into a target that takes them run by run.
             Pair p(r, text);
-            ColorCode(p.fast.ctx);
+            RunsOnly runs(p.fast.slots);
+            PaintContext viaRuns{text, p.fast.settings,    p.fast.flags, runs,
+                                 {},   p.fast.ctx.Progress};
+            PaintContext& ctx = seed % 2 ? viaRuns : p.fast.ctx;
+            ctx.StretchBytes = r.Int(1, 160);
+            ColorCode(ctx);
             RefColorCode(p.ref);
             Expect(p.fast, p.ref, "ColorCode", seed);
         }
@@ -144,7 +160,7 @@ TEST(PainterCrossCheck, EveryPass) {
 
 // Long texts of a C-like shape, where the automaton's blocks and its cache are exercised; the
 // last ones are long enough for the word scan on two threads with the pairs searched beside
-// it.
+// it. Some are painted in several stretches, one into a target without bytes of its own.
 TEST(PainterCrossCheck, LongTexts) {
     const std::vector<std::string> words = {"int",  "interrupt", "print", "for", "format", "if",
                                             "elif", "  ",        "\r\n",  "/* ", " */",    "\"s\"",
@@ -171,7 +187,12 @@ TEST(PainterCrossCheck, LongTexts) {
         p.fast.flags = {false, true};
         p.ref.settings = p.fast.settings;
         p.ref.flags = p.fast.flags;
-        ColorCode(p.fast.ctx);
+        RunsOnly runs(p.fast.slots);
+        PaintContext viaRuns{text, p.fast.settings, p.fast.flags, runs, {}, p.fast.ctx.Progress};
+        PaintContext& ctx = seed == 4 ? viaRuns : p.fast.ctx;
+        if (seed == 3 || seed == 4) ctx.StretchBytes = 20000;
+        if (seed >= 5) ctx.StretchBytes = 300000;
+        ColorCode(ctx);
         RefColorCode(p.ref);
         Expect(p.fast, p.ref, "long ColorCode", seed);
     }

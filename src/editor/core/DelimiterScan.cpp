@@ -130,3 +130,13 @@ void DelimiterScan::AdvancePair(State& s, int64_t limit) const {
         s.from = close + 1;
     }
 }
+
+void DelimiterScan::Forget(int64_t before) {
+    for (State& s : states_) {
+        // Spans follow each other, their ends too.
+        auto gone = std::partition_point(s.spans.begin(), s.spans.end(), [&](const Span& p) {
+            return p.start + p.length <= before;
+        });
+        s.spans.erase(s.spans.begin(), gone);
+    }
+}

@@ -33,6 +33,10 @@ class DelimiterScan {
     int64_t Reached() const { return reached_; }
     bool Finished() const { return reached_ >= int64_t(text_.size()); }
 
+    // Lets go of the pairs found that end at or before the place: a pass that paints the
+    // text stretch by stretch holds only those of the stretches to come.
+    void Forget(int64_t before);
+
     size_t PairCount() const { return states_.size(); }
     const std::vector<Span>& Spans(size_t pair) const { return states_[pair].spans; }
 

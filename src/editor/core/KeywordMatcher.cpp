@@ -128,17 +128,57 @@ inline void PaintWord(uint8_t* p, int64_t n, uint8_t v, int64_t room) {
 
 } // namespace
 
-void KeywordMatcher::PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
-                                  const ColorSlot* listSlots, PaintTarget& target) const {
+template <typename F>
+void KeywordMatcher::InOrder(const std::vector<KeywordFind>& finds, F&& paint) const {
     // Counting sort by rank; finds of one keyword keep their order.
     std::vector<size_t> from(entries_.size() + 1, 0);
     for (auto& f : finds) ++from[rank_[f.pattern] + 1];
     for (size_t r = 1; r < from.size(); ++r) from[r] += from[r - 1];
     std::vector<const KeywordFind*> sorted(finds.size());
     for (auto& f : finds) sorted[from[rank_[f.pattern]]++] = &f;
-    for (const KeywordFind* f : sorted)
-        target.Paint(base + f->start, lengths_[f->pattern],
-                     listSlots[entries_[rank_[f->pattern]].list]);
+    for (const KeywordFind* f : sorted) paint(f->start, lengths_[f->pattern], f->pattern);
+}
+
+void KeywordMatcher::PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
+                                  const ColorSlot* listSlots, PaintTarget& target) const {
+    InOrder(finds, [&](int64_t start, int64_t length, uint32_t k) {
+        target.Paint(base + start, length, SlotOf(k, listSlots));
+    });
+}
+
+void KeywordMatcher::ScanOnTwoThreads(std::string_view s, int64_t from, int64_t to, uint8_t* slots,
+                                      const ColorSlot* listSlots, std::vector<KeywordFind>& finds,
+                                      std::vector<KeywordFind>* sparse,
+                                      const Alongside& alongside) const {
+    // Pieces cut where no word is, which two threads take in turn. Nothing may run the event
+    // loop meanwhile: it could change the text that both threads read.
+    std::vector<int64_t> cuts(1, from);
+    for (int64_t c = from + kPiece; c < to; c += kPiece)
+        if (const int64_t cut = WordBoundaryFrom(s, c); cut > cuts.back() && cut < to)
+            cuts.push_back(cut);
+    cuts.push_back(to);
+    std::vector<std::vector<KeywordFind>> pieceFinds(cuts.size() - 1);
+    std::atomic<size_t> next = 0;
+    auto scan = [&] {
+        for (size_t p; (p = next++) < pieceFinds.size();) {
+            const int64_t pieceEnd = cuts[p + 1];
+            auto paint = [&](int64_t start, uint32_t k) {
+                PaintWord(slots + (start - from), lengths_[k], uint8_t(SlotOf(k, listSlots)),
+                          pieceEnd - start);
+            };
+            words_->ScanWords(s, cuts[p], pieceEnd, paint, pieceFinds[p], {});
+        }
+    };
+    {
+        // A sparse search is quick: the second thread makes it before it takes pieces.
+        std::jthread worker([&] {
+            if (sparse && !gaps_->Empty()) gaps_->FindSparse(s, *sparse, {});
+            scan();
+        });
+        if (alongside) alongside(to);
+        scan();
+    }
+    for (auto& f : pieceFinds) finds.insert(finds.end(), f.begin(), f.end());
 }
 
 bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* listSlots,
@@ -153,50 +193,20 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
     }
     // No two whole words overlap, so the words that are keywords are painted as they are
     // found, in any order; other finds are collected.
-    auto slotOf = [&](uint32_t k) { return listSlots[entries_[rank_[k]].list]; };
     if (uint8_t* direct = target.Direct(base, n); direct && n >= kTwoThreadsFrom) {
-        // Rounds, each cut into pieces where no word is, which two threads take in turn;
-        // between rounds the tick may run the event loop, which no other thread may be
-        // reading the text during. In the first round the second thread first searches the
-        // keywords that are not looked up by word, with no tick: a sparse search is quick.
-        std::vector<int64_t> cuts;
-        std::vector<std::vector<KeywordFind>> pieceFinds;
+        // In rounds, between which the tick may run the event loop.
         std::vector<KeywordFind> sparse;
         for (int64_t r = 0; r < n;) {
             const int64_t end = WordBoundaryFrom(s, std::min(n, r + kRound));
-            cuts.assign(1, r);
-            for (int64_t c = r + kPiece; c < end; c += kPiece)
-                if (const int64_t cut = WordBoundaryFrom(s, c); cut > cuts.back() && cut < end)
-                    cuts.push_back(cut);
-            cuts.push_back(end);
-            pieceFinds.assign(cuts.size() - 1, {});
-            std::atomic<size_t> next = 0;
-            auto scan = [&] {
-                for (size_t p; (p = next++) < pieceFinds.size();) {
-                    const int64_t pieceEnd = cuts[p + 1];
-                    auto paint = [&](int64_t start, uint32_t k) {
-                        PaintWord(direct + start, lengths_[k], uint8_t(slotOf(k)),
-                                  pieceEnd - start);
-                    };
-                    words_->ScanWords(s, cuts[p], pieceEnd, paint, pieceFinds[p], {});
-                }
-            };
-            {
-                std::jthread worker([&, first = r == 0] {
-                    if (first && !gaps_->Empty()) gaps_->FindSparse(s, sparse, {});
-                    scan();
-                });
-                if (alongside) alongside(end);
-                scan();
-            }
-            for (auto& f : pieceFinds) finds.insert(finds.end(), f.begin(), f.end());
+            ScanOnTwoThreads(s, r, end, direct + r, listSlots, finds, r == 0 ? &sparse : nullptr,
+                             alongside);
             if (tick && !tick(end - r)) return false;
             r = end;
         }
         finds.insert(finds.end(), sparse.begin(), sparse.end());
     } else {
         auto word = [&](int64_t start, uint32_t k) {
-            target.Paint(base + start, lengths_[k], slotOf(k));
+            target.Paint(base + start, lengths_[k], SlotOf(k, listSlots));
         };
         if (!words_->ScanWords(s, 0, n, word, finds, tick)) return false;
         if (!gaps_->Empty() && !gaps_->FindSparse(s, finds, tick)) return false;
@@ -209,6 +219,61 @@ bool KeywordMatcher::Paint(std::string_view s, int64_t base, const ColorSlot* li
         words_->WordsOverlapping(s, finds[i].start, finds[i].start + lengths_[finds[i].pattern],
                                  finds);
     PaintInOrder(finds, base, listSlots, target);
+    return true;
+}
+
+KeywordMatcher::Stretches::Stretches(const KeywordMatcher& m, std::string_view s,
+                                     const ColorSlot* listSlots)
+    : m_(m), s_(s), listSlots_(listSlots),
+      byWord_(int64_t(s.size()) >= kWordScanFrom && !m.words_->Empty()) {}
+
+int64_t KeywordMatcher::Stretches::End(int64_t from, int64_t bytes) const {
+    const int64_t n = int64_t(s_.size());
+    return WordBoundaryFrom(s_, std::min(n, from + std::max<int64_t>(bytes, 1)));
+}
+
+bool KeywordMatcher::Stretches::Paint(int64_t from, int64_t to, uint8_t* slots,
+                                      const ScanTick& tick, const Alongside& alongside) {
+    const KeywordMatcher& m = m_;
+    std::vector<KeywordFind> finds = std::move(carried_);
+    carried_.clear();
+    const bool twoThreads = byWord_ && int64_t(s_.size()) >= kTwoThreadsFrom;
+    if (!byWord_) {
+        if (!started_ && !m.all_->FindAll(s_, ahead_, tick)) return false;
+    } else if (twoThreads) {
+        m.ScanOnTwoThreads(s_, from, to, slots, listSlots_, finds, started_ ? nullptr : &ahead_,
+                           alongside);
+    } else {
+        auto word = [&](int64_t start, uint32_t k) {
+            PaintWord(slots + (start - from), m.lengths_[k], uint8_t(m.SlotOf(k, listSlots_)),
+                      to - start);
+        };
+        if (!m.words_->ScanWords(s_, from, to, word, finds, tick)) return false;
+        if (!started_ && !m.gaps_->Empty() && !m.gaps_->FindSparse(s_, ahead_, tick)) return false;
+    }
+    if (!started_) {
+        if (byWord_) m.words_->EdgeFinds(s_, ahead_);
+        std::stable_sort(
+            ahead_.begin(), ahead_.end(),
+            [](const KeywordFind& a, const KeywordFind& b) { return a.start < b.start; });
+        started_ = true;
+    }
+    if (alongside && !twoThreads) alongside(to);
+    for (; next_ < ahead_.size() && ahead_[next_].start < to; ++next_)
+        finds.push_back(ahead_[next_]);
+    for (auto& f : finds)
+        if (f.start + m.lengths_[f.pattern] > to) carried_.push_back(f);
+    if (byWord_)
+        for (size_t i = 0, count = finds.size(); i < count; ++i)
+            m.words_->WordsOverlapping(s_, std::max(finds[i].start, from),
+                                       std::min(finds[i].start + m.lengths_[finds[i].pattern], to),
+                                       finds);
+    // Clipped to the stretch: a find that goes on into the next one is painted there again,
+    // in its place in the order.
+    m.InOrder(finds, [&](int64_t start, int64_t length, uint32_t k) {
+        const int64_t a = std::max(start, from), b = std::min(start + length, to);
+        if (b > a) std::memset(slots + (a - from), int(m.SlotOf(k, listSlots_)), size_t(b - a));
+    });
     return true;
 }
 

@@ -56,10 +56,50 @@ class KeywordMatcher {
                const ScanTick& tick, const Alongside& alongside = {},
                int64_t wordScanFrom = kWordScanFrom) const;
 
+    // A whole text's keywords painted stretch by stretch, for a pass that hands each
+    // stretch's colours on as soon as they are final, so that no one holds them for the whole
+    // text. The colours are those Paint gives over the whole text: the finds that reach from
+    // one stretch into the next are carried over, and the searches whose finds depend on what
+    // was found before run over the whole text once, at the first stretch.
+    class Stretches {
+      public:
+        // Holds on to the matcher, s and listSlots.
+        Stretches(const KeywordMatcher& m, std::string_view s, const ColorSlot* listSlots);
+        // The end of a stretch that starts at from and is about bytes long, where no word is.
+        int64_t End(int64_t from, int64_t bytes) const;
+        // Paints the keywords of s[from, to) over bytes, which hold that stretch's colours so
+        // far (bytes[0] is position from). Stretches come in text order, each starting where
+        // the one before ended, and end where End puts them. alongside, if given, is called
+        // with to while another thread scans. False when tick stopped the scan.
+        bool Paint(int64_t from, int64_t to, uint8_t* bytes, const ScanTick& tick,
+                   const Alongside& alongside);
+
+      private:
+        const KeywordMatcher& m_;
+        std::string_view s_;
+        const ColorSlot* listSlots_;
+        bool byWord_; // words looked up; else every keyword by the automaton
+        bool started_ = false;
+        std::vector<KeywordFind> ahead_; // finds of the whole text's searches, by start
+        size_t next_ = 0;                // the first of ahead_ not yet taken
+        std::vector<KeywordFind> carried_;
+    };
+
   private:
     // Paints finds in the coder's order: by the rank of the entry that paints each keyword.
+    template <typename F> void InOrder(const std::vector<KeywordFind>& finds, F&& paint) const;
     void PaintInOrder(const std::vector<KeywordFind>& finds, int64_t base,
                       const ColorSlot* listSlots, PaintTarget& target) const;
+    // Scans s[from, to), which no word crosses, on two threads piece by piece: the keywords
+    // that are whole words painted into bytes (position from at bytes[0]), the other finds
+    // appended to finds. sparse, if given, gets the automaton's sparse search over all of s,
+    // made on the second thread first; alongside is called with to on this one.
+    void ScanOnTwoThreads(std::string_view s, int64_t from, int64_t to, uint8_t* bytes,
+                          const ColorSlot* listSlots, std::vector<KeywordFind>& finds,
+                          std::vector<KeywordFind>* sparse, const Alongside& alongside) const;
+    ColorSlot SlotOf(uint32_t pattern, const ColorSlot* listSlots) const {
+        return listSlots[entries_[rank_[pattern]].list];
+    }
 
     std::vector<Entry> entries_;
     std::vector<int64_t> lengths_;           // per keyword

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string>
 #include <thread>
@@ -61,12 +62,18 @@ void PaintClipped(PaintContext& ctx, int64_t start, int64_t length, ColorSlot sl
     if (end > start) ctx.Target.Paint(start, end - start, slot);
 }
 
+void KeywordCaptions(PaintContext& ctx, const KeywordMatcher& matcher) {
+    if (ctx.Progress)
+        for (auto& e : matcher.Entries())
+            ctx.Progress(std::to_string(e.counter) + std::string(kKeywordsCodedCaption));
+}
+
 // The keyword coder over several lists at once, with the flag effects of running it for each
 // list in turn: all finds come from one scan, then each keyword's finds are painted in list
 // order, so that later keywords still paint over earlier ones.
 PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
                         const std::vector<std::string_view>& lists, const ColorSlot* slots,
-                        bool showProgress, DelimiterScan* alongside = nullptr) {
+                        bool showProgress) {
     PaintContext& ctx = pass.ctx;
     if (std::all_of(lists.begin(), lists.end(), [](auto l) { return l.empty(); }))
         return PassResult::Skipped;
@@ -76,15 +83,10 @@ PassResult KeywordStage(Pass& pass, int64_t first, int64_t last,
     const int64_t hi = std::clamp<int64_t>(last, lo, TextSize(ctx));
     const std::string_view stretch = ctx.Text.substr(size_t(lo), size_t(hi - lo));
     auto matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
-    KeywordMatcher::Alongside searchAhead;
-    if (alongside) searchAhead = [alongside, lo](int64_t end) { alongside->Advance(lo + end); };
-    if (!matcher->Paint(
-            stretch, lo, slots, ctx.Target, [&](int64_t bytes) { return pass.pacer.Tick(bytes); },
-            searchAhead))
+    if (!matcher->Paint(stretch, lo, slots, ctx.Target,
+                        [&](int64_t bytes) { return pass.pacer.Tick(bytes); }))
         return Abort(ctx);
-    if (showProgress && ctx.Progress)
-        for (auto& e : matcher->Entries())
-            ctx.Progress(std::to_string(e.counter) + std::string(kKeywordsCodedCaption));
+    if (showProgress) KeywordCaptions(ctx, *matcher);
     ctx.Flags.CodingInProgress = false;
     ctx.Flags.ChangedHighLight = false;
     return PassResult::Done;
@@ -118,13 +120,15 @@ PassResult Delimiters(Pass& pass, int64_t first, int64_t last, std::string_view 
     return PassResult::Done;
 }
 
-PassResult AllKeywords(Pass& pass, int64_t first, int64_t last, bool showProgress,
-                       DelimiterScan* alongside = nullptr) {
-    const auto& k = pass.ctx.Settings.Keywords;
-    static constexpr std::array<ColorSlot, 3> slots = {KeywordSlot(0), KeywordSlot(1),
-                                                       KeywordSlot(2)};
-    return KeywordStage(pass, first, last, {k[0], k[1], k[2]}, slots.data(), showProgress,
-                        alongside);
+constexpr std::array<ColorSlot, 3> kListSlots = {KeywordSlot(0), KeywordSlot(1), KeywordSlot(2)};
+
+std::vector<std::string_view> KeywordLists(const PaintContext& ctx) {
+    const auto& k = ctx.Settings.Keywords;
+    return {k[0], k[1], k[2]};
+}
+
+PassResult AllKeywords(Pass& pass, int64_t first, int64_t last, bool showProgress) {
+    return KeywordStage(pass, first, last, KeywordLists(pass.ctx), kListSlots.data(), showProgress);
 }
 
 // The entries of the delimiter table that a whole-document pass paints: opener and closer
@@ -141,8 +145,8 @@ DelimiterScan ScanFor(const PaintContext& ctx) {
     return DelimiterScan(ctx.Text, std::move(pairs));
 }
 
-// Paints the pairs found, in table order, over positions lo to hi - 1 of the target's bytes.
-// A pair's spans follow each other, their ends too.
+// Paints the pairs found, in table order, over positions lo to hi - 1, whose slots are at
+// bytes (position lo at bytes[0]). A pair's spans follow each other, their ends too.
 void PaintSpans(const DelimiterScan& scan, const std::vector<ColorSlot>& slots, uint8_t* bytes,
                 int64_t lo, int64_t hi) {
     for (size_t p = 0; p < slots.size(); ++p) {
@@ -151,47 +155,33 @@ void PaintSpans(const DelimiterScan& scan, const std::vector<ColorSlot>& slots, 
                                       [&](const auto& s) { return s.start + s.length <= lo; });
         for (; i != spans.end() && i->start < hi; ++i) {
             const int64_t a = std::max(i->start, lo), b = std::min(i->start + i->length, hi);
-            std::memset(bytes + a, int(slots[p]), size_t(b - a));
+            std::memset(bytes + (a - lo), int(slots[p]), size_t(b - a));
         }
     }
 }
 
-// Texts from this length on have their pairs painted on two threads.
+// Stretches from this length on have their pairs painted on two threads.
 constexpr int64_t kPaintOnTwoThreadsFrom = 1 << 20;
 
-// The delimiter stage of a whole-document pass from a search made ahead (or part of it): the
-// rest of the search, then each entry's pairs painted in table order, with the flags and the
-// clamped colour class that the delimiter coder leaves.
-PassResult PaintScanned(Pass& pass, DelimiterScan& scan) {
-    PaintContext& ctx = pass.ctx;
-    constexpr int64_t kStep = 1 << 20;
-    while (!scan.Finished()) {
-        const int64_t from = scan.Reached();
-        scan.Advance(from + kStep);
-        if (!pass.pacer.Tick(scan.Reached() - from)) return Abort(ctx);
-    }
+void PaintSpansOfStretch(const DelimiterScan& scan, const std::vector<ColorSlot>& slots,
+                         uint8_t* bytes, int64_t lo, int64_t hi) {
+    if (hi - lo < kPaintOnTwoThreadsFrom) return PaintSpans(scan, slots, bytes, lo, hi);
+    const int64_t mid = lo + (hi - lo) / 2;
+    std::jthread other([&] { PaintSpans(scan, slots, bytes + (mid - lo), mid, hi); });
+    PaintSpans(scan, slots, bytes, lo, mid);
+}
+
+// The slots of the searched entries of the delimiter table, in table order; their colour
+// classes are clamped as the delimiter coder clamps them, in the settings too if write.
+std::vector<ColorSlot> PairSlots(EditorSettings& settings, bool write) {
     std::vector<ColorSlot> slots;
-    for (auto& d : ctx.Settings.Delimiters) {
+    for (auto& d : settings.Delimiters) {
         if (!Searched(d)) continue;
-        if (d.DelimiterColor > 3 || d.DelimiterColor < 1) d.DelimiterColor = 1;
-        slots.push_back(DelimiterSlot(d.DelimiterColor));
+        const int32_t c = d.DelimiterColor > 3 || d.DelimiterColor < 1 ? 1 : d.DelimiterColor;
+        if (write) d.DelimiterColor = c;
+        slots.push_back(DelimiterSlot(c));
     }
-    const int64_t n = TextSize(ctx);
-    uint8_t* direct = ctx.Target.Direct(0, n);
-    if (!direct) {
-        for (size_t p = 0; p < slots.size(); ++p)
-            for (auto& span : scan.Spans(p)) ctx.Target.Paint(span.start, span.length, slots[p]);
-    } else if (n < kPaintOnTwoThreadsFrom) {
-        PaintSpans(scan, slots, direct, 0, n);
-    } else {
-        // Straight into the target's bytes, each half of the text on its own thread.
-        const int64_t mid = n / 2;
-        std::jthread other([&] { PaintSpans(scan, slots, direct, mid, n); });
-        PaintSpans(scan, slots, direct, 0, mid);
-    }
-    ctx.Flags.CodingInProgress = false;
-    ctx.Flags.ChangedHighLight = false;
-    return PassResult::Done;
+    return slots;
 }
 
 // The delimiter table in order. needBoth: only entries with opener and closer; otherwise the
@@ -230,19 +220,56 @@ PassResult CodeDelimiters(PaintContext& ctx, int64_t first, int64_t last, std::s
 
 PassResult ColorCode(PaintContext& ctx) {
     if (!ColorCodeWanted(ctx.Flags)) return PassResult::Skipped;
+    // Stretch by stretch: each gets the text slot, then the keywords and the pairs in the
+    // order CodeOrder asks for (keywords first when it is true), and goes to the target as
+    // soon as it is finished. The pairs are searched over the whole text as the delimiter
+    // coder searches them, in step with the stretches; with keywords first, beside the
+    // keyword scan.
     Pass pass{ctx};
-    const int64_t n = TextSize(ctx);
-    PaintClipped(ctx, 0, n, ColorSlot::Text);
-    // With keywords first, the pairs are searched while the keywords are (they are painted
-    // over them afterwards); the keyword stage leaves no flag set that would stop them.
-    std::optional<DelimiterScan> ahead;
-    if (ctx.Settings.CodeOrder) ahead.emplace(ScanFor(ctx));
-    auto delimiters = [&] {
+    const bool keywordsFirst = ctx.Settings.CodeOrder;
+    if (!keywordsFirst && ctx.Progress) ctx.Progress(kCodingDelimitersCaption);
+    const std::vector<ColorSlot> pairSlots = PairSlots(ctx.Settings, !keywordsFirst);
+    DelimiterScan scan = ScanFor(ctx);
+    const std::vector<std::string_view> lists = KeywordLists(ctx);
+    std::shared_ptr<const KeywordMatcher> matcher;
+    std::optional<KeywordMatcher::Stretches> keywords;
+    if (std::any_of(lists.begin(), lists.end(), [](auto l) { return !l.empty(); })) {
+        matcher = SharedKeywordMatcher(lists, ctx.Settings.CaseSensitive);
+        keywords.emplace(*matcher, ctx.Text, kListSlots.data());
+    }
+    ctx.Flags.CodingInProgress = true;
+    const ScanTick tick = [&](int64_t bytes) { return pass.pacer.Tick(bytes); };
+    const int64_t n = TextSize(ctx), stretchBytes = std::max<int64_t>(ctx.StretchBytes, 1);
+    std::vector<uint8_t> own;
+    for (int64_t from = 0; from < n;) {
+        const int64_t to =
+            keywords ? keywords->End(from, stretchBytes) : std::min(n, from + stretchBytes);
+        uint8_t* slots = ctx.Target.Stretch(from, to - from);
+        if (!slots) {
+            own.assign(size_t(to - from), uint8_t(ColorSlot::Text));
+            slots = own.data();
+        }
+        auto pairs = [&] {
+            scan.Advance(to);
+            PaintSpansOfStretch(scan, pairSlots, slots, from, to);
+        };
+        if (!keywordsFirst) pairs();
+        if (keywords) {
+            KeywordMatcher::Alongside ahead;
+            if (keywordsFirst) ahead = [&](int64_t end) { scan.Advance(end); };
+            if (!keywords->Paint(from, to, slots, tick, ahead)) return Abort(ctx);
+        }
+        if (keywordsFirst) pairs();
+        scan.Forget(to);
+        ctx.Target.Finished(from, slots, to - from);
+        if (!pass.pacer.Tick(to - from)) return Abort(ctx);
+        from = to;
+    }
+    if (matcher) KeywordCaptions(ctx, *matcher);
+    if (keywordsFirst) {
+        PairSlots(ctx.Settings, true);
         if (ctx.Progress) ctx.Progress(kCodingDelimitersCaption);
-        return ahead ? PaintScanned(pass, *ahead) : AllDelimiters(pass, 0, n, true, false);
-    };
-    auto keywords = [&] { return AllKeywords(pass, 0, n, true, ahead ? &*ahead : nullptr); };
-    if (!Stages(ctx.Settings.CodeOrder, keywords, delimiters)) return PassResult::Aborted;
+    }
     ctx.Flags.ChangedHighLight = false;
     ctx.Flags.CodingInProgress = false;
     return PassResult::Done;

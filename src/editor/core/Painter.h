@@ -31,6 +31,9 @@ struct PaintContext {
     std::function<void(std::string_view)> Progress;
     // How much work goes by between two calls of Yield.
     std::chrono::milliseconds YieldInterval{30};
+    // About how much text a whole-document pass colours at a time: its colours go to the
+    // target stretch by stretch (see PaintTarget::Stretch).
+    int64_t StretchBytes = 8 << 20;
 };
 
 enum class PassResult {
@@ -66,7 +69,8 @@ inline bool ColorCodeWanted(const PaintFlags& f) {
 
 // The whole document: paints everything as text, then the keyword lists and the delimiter
 // pairs in the order CodeOrder asks for (keywords first when it is true), with progress
-// captions. Clears both flags at the end.
+// captions. Clears both flags at the end. The colours go to the target through Stretch and
+// Finished only, a stretch at a time.
 PassResult ColorCode(PaintContext& ctx);
 
 // Recolours the line that starts at lineStart and is lineLength long without its line end.

@@ -42,6 +42,22 @@ uint8_t* SlotBuffer::Direct(int64_t start, int64_t length) {
     return i >= 0 && length >= 0 && i + length <= Size() ? slots_.data() + i : nullptr;
 }
 
+void PaintTarget::Finished(int64_t start, const uint8_t* slots, int64_t length) {
+    for (int64_t i = 0, end; i < length; i = end) {
+        for (end = i + 1; end < length && slots[end] == slots[i];) ++end;
+        Paint(start + i, end - i, ColorSlot(slots[i]));
+    }
+}
+
+uint8_t* SlotBuffer::Stretch(int64_t start, int64_t length) {
+    Paint(start, length, ColorSlot::Text);
+    return Direct(start, length);
+}
+
+void SlotBuffer::Finished(int64_t start, const uint8_t* slots, int64_t length) {
+    if (slots != Direct(start, length)) PaintTarget::Finished(start, slots, length);
+}
+
 uint8_t SlotBuffer::At(int64_t pos) const {
     int64_t i = pos - base_;
     return i >= 0 && i < Size() ? slots_[size_t(i)] : kNotPainted;

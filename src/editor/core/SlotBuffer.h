@@ -16,6 +16,15 @@ class PaintTarget {
     // one piece already, else null. Painting there is the same as Paint, and may be done from
     // several threads at once on different positions.
     virtual uint8_t* Direct(int64_t start, int64_t length) { return nullptr; }
+
+    // A whole-document pass hands its colours over stretch by stretch, in text order with no
+    // gaps, so that the whole text's colours need not be held in one piece. It paints a
+    // stretch where Stretch says: the target's own bytes for it, all painted as text, or null
+    // for a buffer of the pass's own. Finished then gives the stretch's final slot bytes (in the
+    // target's bytes or in that buffer), and the pass does not touch them again. By default
+    // they go to Paint run by run.
+    virtual uint8_t* Stretch(int64_t start, int64_t length) { return nullptr; }
+    virtual void Finished(int64_t start, const uint8_t* bytes, int64_t length);
 };
 
 // A window of slots over the text, one byte per position, starting at Base(). Painting
@@ -38,6 +47,9 @@ class SlotBuffer final : public PaintTarget {
     // Negative positions are cut off; an empty or negative length paints nothing.
     void Paint(int64_t start, int64_t length, ColorSlot slot) override;
     uint8_t* Direct(int64_t start, int64_t length) override;
+    // The window's own bytes: a whole document is painted in place.
+    uint8_t* Stretch(int64_t start, int64_t length) override;
+    void Finished(int64_t start, const uint8_t* bytes, int64_t length) override;
 
     int64_t Base() const { return base_; }
     int64_t Size() const { return int64_t(slots_.size()); }
