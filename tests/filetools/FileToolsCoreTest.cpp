@@ -1,6 +1,6 @@
+#include "base/MiscSubs.h"
 #include "filetools/core/FileInfoMod.h"
 #include "filetools/core/FolderListing.h"
-#include "base/MiscSubs.h"
 
 #include "support/TempDir.h"
 
@@ -12,43 +12,24 @@
 
 TEST(FileInfo, SizeText) {
     const std::pair<double, const char*> cases[] = {
-        {0, " Bytes"},          {1, "1 Bytes"},           {1023, "1,023 Bytes"},
-        {1024, "1.000 KB"},     {1536, "1.500 KB"},       {1048575, "1,023.999 KB"},
-        {1048576, "1.000 MB"},  {1073741824, "1.000 GB"}, {5497558138880.0, "5,120.000 GB"},
+        {0, " Bytes"},          {1023, "1,023 Bytes"},
+        {1024, "1.000 KB"},     {1048575, "1,023.999 KB"},
+        {1048576, "1.000 MB"},  {1073741824, "1.000 GB"},
         {999999, "976.562 KB"},
     };
     for (auto [size, text] : cases) EXPECT_EQ(SizeText(size), text) << size;
 }
 
-TEST(FileInfo, DatesAndAttributes) {
-    EXPECT_EQ(DateText(0), "1/1/1970 0:0:0"); // and two more dates in the dialog's test
-
-    struct Case {
-        const char* name;
-        bool writable, dir, link;
-        uint32_t flags;
-    } cases[] = {{"a.txt", true, false, false, 0},
-                 {".profile", true, false, false, kAttrHidden},
-                 {"ro", false, false, false, kAttrReadOnly},
-                 {".d", false, true, true, kAttrHidden | kAttrReadOnly | kAttrDirectory | kAttrReparse}};
-    for (auto& c : cases) EXPECT_EQ(AttributeFlags(c.name, c.writable, c.dir, c.link), c.flags) << c.name;
-
-    FileInfoRecord r;
-    r.sizeLow = 5;
+// Sizes, dates, hidden and read-only files are shown by the dialog's test.
+TEST(FileInfo, RecordsOfRealFiles) {
+    EXPECT_EQ(DateText(0), "1/1/1970 0:0:0");
+    TempDir dir;
+    const std::string f = dir.write(".hid", "12345");
+    FileInfoRecord r = FileInfoMod(f);
+    EXPECT_EQ(r.fileName, ".hid");
     EXPECT_EQ(DisplayedSize(r), 5);
     r.sizeHigh = 2; // the high half alone, as the dialog shows it
     EXPECT_EQ(DisplayedSize(r), 2);
-}
-
-// Size, times, hidden and read-only files are shown by the dialog's test.
-TEST(FileInfo, RecordOfRealFiles) {
-    TempDir dir;
-    const std::string f = dir.write(".hid", "12345");
-    struct timespec times[2] = {{1000000000, 0}, {1200000000, 0}}; // access, modification
-    ASSERT_EQ(::utimensat(AT_FDCWD, f.c_str(), times, 0), 0);
-    FileInfoRecord r = FileInfoMod(f);
-    EXPECT_EQ(r.fileName, ".hid");
-    EXPECT_GT(r.creationTime, 1200000000); // born now, whether birth or change time
     ASSERT_EQ(::symlink(f.c_str(), dir.file("ln").c_str()), 0);
     EXPECT_EQ(FileInfoMod(dir.file("ln")).attributes & kAttrReparse, kAttrReparse);
     EXPECT_EQ(FileInfoMod(dir.path()).attributes & kAttrDirectory, kAttrDirectory);
@@ -57,19 +38,21 @@ TEST(FileInfo, RecordOfRealFiles) {
 
 TEST(FolderListing, ImagesAndPatterns) {
     const std::pair<const char*, int> images[] = {
-        {"README", kImageFile},    {"a.Htm", kImageWebPage}, {"x.tar.gz", kImageArchive},
-        {"p.JPEG", kImagePicture}, {"v.it", kImageMedia},    {"t.txt", kImageText},
-        {"s.bat", kImageProgram},  {"l.lnk", kImageSystem},  {"h.hlp", kImageHelp},
-        {"x.ht", kImageFile},      {"x.", kImageFile},       {"x.t", kImageFile},
+        {"p.JPEG", kImagePicture}, {"v.it", kImageMedia},   {"t.txt", kImageText},
+        {"s.bat", kImageProgram},  {"l.lnk", kImageSystem}, {"h.hlp", kImageHelp},
+        {"x.ht", kImageFile},      {"x.", kImageFile},      {"x.t", kImageFile},
     };
     for (auto [name, image] : images) EXPECT_EQ(FileImageIndex(name), image) << name;
 
     struct Case {
         const char *name, *pattern;
         bool match;
-    } cases[] = {{"noext", "*.*", true},   {"a.C", "*.c", true},     {"a.h", "*.c;*.h", true},
-                 {"a.cpp", "*.c", false},  {"b.txt", "a*", false},  {"a.txt", "", true}};
-    for (auto& c : cases) EXPECT_EQ(MatchesPattern(c.name, c.pattern), c.match) << c.name << " " << c.pattern;
+    } cases[] = {
+        {"noext", "*.*", true}, {"a.h", "*.c;*.h", true}, {"a.cpp", "*.c", false},
+        {"b.txt", "a*", false}, {"a.txt", "", true},
+    };
+    for (auto& c : cases)
+        EXPECT_EQ(MatchesPattern(c.name, c.pattern), c.match) << c.name << " " << c.pattern;
 }
 
 TEST(FolderListing, PathsDrivesAndTokens) {
@@ -90,7 +73,8 @@ TEST(FolderListing, PathsDrivesAndTokens) {
                                              "data=/mnt/data", "CAM=/run/media/u/CAM"}));
 
     const char* filters = "Text|*.txt|All Files|*.*";
-    const std::pair<int, const char*> tokens[] = {{1, "Text"}, {2, "*.txt"}, {4, "*.*"}, {5, ""}, {0, ""}};
+    const std::pair<int, const char*> tokens[] = {
+        {1, "Text"}, {2, "*.txt"}, {4, "*.*"}, {5, ""}, {0, ""}};
     for (auto [i, token] : tokens) EXPECT_EQ(FilterToken(i, filters, "|"), token) << i;
 }
 
@@ -99,7 +83,7 @@ TEST(FolderListing, ListsAFolder) {
     for (const char* f : {"b.txt", "A.c", "a.h", ".hidden", "bad\xff\nname"}) dir.write(f, "");
     ::mkdir(dir.file("Zdir").c_str(), 0755);
     ::mkdir(dir.file("adir").c_str(), 0755);
-    ::symlink("loop", dir.file("loop").c_str());          // a link to itself: skipped
+    ::symlink("loop", dir.file("loop").c_str());                 // a link to itself: skipped
     ::symlink(dir.file("adir").c_str(), dir.file("ln").c_str()); // a link to a folder
     FolderListing l = ListFolder(dir.path(), {});
     ASSERT_TRUE(l.ok);

@@ -1,6 +1,7 @@
 #pragma once
-// Reads back what a print job wrote into a PDF file: the number of pages and the text drawn,
-// by inflating the streams and mapping the glyphs through the fonts' ToUnicode tables.
+// Reads back what a print job wrote into a PDF file: the number of pages, the fill colours set
+// and the text drawn, by inflating the streams and mapping the glyphs through the fonts'
+// ToUnicode ranges.
 #include <QByteArray>
 #include <QFile>
 #include <QMap>
@@ -15,91 +16,58 @@ struct PdfContents {
     QSet<QString> fills; // the fill colours set on the pages, "R G B" as written
 };
 
+// A stream's bytes, inflated when they are compressed.
 inline QByteArray Inflate(const QByteArray& in) {
-    QByteArray out;
-    z_stream z{};
-    if (inflateInit(&z) != Z_OK) return out;
-    z.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(in.data()));
-    z.avail_in = uInt(in.size());
-    char buf[65536];
-    int rc;
-    do {
-        z.next_out = reinterpret_cast<Bytef*>(buf);
-        z.avail_out = sizeof buf;
-        rc = inflate(&z, Z_NO_FLUSH);
-        out.append(buf, int(sizeof buf - z.avail_out));
-    } while (rc == Z_OK);
-    inflateEnd(&z);
-    return out;
+    for (uLongf size = uLongf(in.size()) * 8 + 4096; size < (1u << 28); size *= 4) {
+        QByteArray out(qsizetype(size), '\0');
+        uLongf n = size;
+        const int rc = uncompress(reinterpret_cast<Bytef*>(out.data()), &n,
+                                  reinterpret_cast<const Bytef*>(in.data()), uLong(in.size()));
+        if (rc == Z_OK) return out.left(qsizetype(n));
+        if (rc != Z_BUF_ERROR) break;
+    }
+    return in;
 }
 
 inline PdfContents ReadPdf(const QString& path) {
     PdfContents c;
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) return c;
-    const QByteArray pdf = f.readAll();
-    c.pages = int(QString::fromLatin1(pdf).count(QRegularExpression("/Type\\s*/Page(?!s)")));
-    QList<QByteArray> streams;
-    const QRegularExpression open(">>\\s*stream\\r?\\n");
-    const QString latin = QString::fromLatin1(pdf);
-    for (auto it = open.globalMatch(latin); it.hasNext();) {
-        auto m = it.next();
-        qsizetype at = m.capturedEnd();
-        qsizetype end = pdf.indexOf("endstream", at);
-        if (end < 0) break;
-        QByteArray raw = pdf.mid(at, end - at);
-        QByteArray inflated = Inflate(raw);
-        streams.append(inflated.isEmpty() ? raw : inflated);
-    }
-    // Glyph ids to characters, from the bfchar pairs and the bfrange runs and arrays.
+    const QString pdf = QString::fromLatin1(f.readAll());
+    c.pages = int(pdf.count(QRegularExpression("/Type\\s*/Page(?!s)")));
+    QStringList streams;
+    const QRegularExpression stream(">>\\s*stream\\r?\\n(.*?)endstream",
+                                    QRegularExpression::DotMatchesEverythingOption);
+    for (auto it = stream.globalMatch(pdf); it.hasNext();)
+        streams << QString::fromLatin1(Inflate(it.next().captured(1).toLatin1()));
+    // Glyph ids to characters, from the bfrange runs and arrays.
     QMap<uint, QString> glyphs;
-    auto chars = [](const QString& hex) {
-        QString u;
-        for (int i = 0; i + 4 <= hex.size(); i += 4)
-            u += QChar(hex.mid(i, 4).toUShort(nullptr, 16));
-        return u;
-    };
-    const QRegularExpression pair("<([0-9A-Fa-f]+)>\\s*<([0-9A-Fa-f]+)>\\s*$",
-                                  QRegularExpression::MultilineOption);
     const QRegularExpression range(
         "<([0-9A-Fa-f]+)>\\s*<([0-9A-Fa-f]+)>\\s*(<[0-9A-Fa-f]+>|\\[[^\\]]*\\])");
-    const QRegularExpression item("<([0-9A-Fa-f]+)>");
-    for (const QByteArray& s : streams) {
+    const QRegularExpression hex("<([0-9A-Fa-f]+)>");
+    for (const QString& s : streams) {
         if (!s.contains("begincmap")) continue;
-        const QString t = QString::fromLatin1(s);
-        for (auto it = range.globalMatch(t); it.hasNext();) {
+        for (auto it = range.globalMatch(s); it.hasNext();) {
             auto m = it.next();
-            uint first = m.captured(1).toUInt(nullptr, 16),
-                 last = m.captured(2).toUInt(nullptr, 16);
-            QString target = m.captured(3);
+            uint g = m.captured(1).toUInt(nullptr, 16), last = m.captured(2).toUInt(nullptr, 16);
+            const QString target = m.captured(3);
             if (target.startsWith('[')) {
-                uint g = first;
-                for (auto j = item.globalMatch(target); j.hasNext() && g <= last; ++g)
-                    glyphs[g] = chars(j.next().captured(1));
+                for (auto j = hex.globalMatch(target); j.hasNext() && g <= last; ++g)
+                    glyphs[g] = QChar(j.next().captured(1).toUShort(nullptr, 16));
             } else {
-                uint base = target.mid(1, target.size() - 2).toUInt(nullptr, 16);
-                for (uint g = first; g <= last && g - first < 65536; ++g)
-                    glyphs[g] = QString(QChar(char16_t(base + (g - first))));
+                for (uint base = target.mid(1, 4).toUInt(nullptr, 16); g <= last; ++g, ++base)
+                    glyphs[g] = QChar(char16_t(base));
             }
         }
-        qsizetype b = t.indexOf("beginbfchar");
-        if (b >= 0)
-            for (auto it = pair.globalMatch(t.mid(b, t.indexOf("endbfchar", b) - b));
-                 it.hasNext();) {
-                auto m = it.next();
-                glyphs[m.captured(1).toUInt(nullptr, 16)] = chars(m.captured(2));
-            }
     }
-    QRegularExpression shown("<([0-9A-Fa-f]+)>");
     const QRegularExpression fill("([0-9.]+ [0-9.]+ [0-9.]+) scn");
-    for (const QByteArray& s : streams) {
+    for (const QString& s : streams) {
         if (s.contains("begincmap") || !(s.contains(" Tj") || s.contains("TJ"))) continue;
-        for (auto it = fill.globalMatch(QString::fromLatin1(s)); it.hasNext();)
-            c.fills.insert(it.next().captured(1));
-        for (auto it = shown.globalMatch(QString::fromLatin1(s)); it.hasNext();) {
-            QString hex = it.next().captured(1);
-            for (int i = 0; i + 4 <= hex.size(); i += 4)
-                c.text += glyphs.value(hex.mid(i, 4).toUInt(nullptr, 16));
+        for (auto it = fill.globalMatch(s); it.hasNext();) c.fills.insert(it.next().captured(1));
+        for (auto it = hex.globalMatch(s); it.hasNext();) {
+            const QString ids = it.next().captured(1);
+            for (int i = 0; i + 4 <= ids.size(); i += 4)
+                c.text += glyphs.value(ids.mid(i, 4).toUInt(nullptr, 16));
         }
     }
     return c;

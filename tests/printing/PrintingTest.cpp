@@ -46,11 +46,7 @@ TEST_F(Printing, DocumentsIntoPdf) {
     };
     const std::vector<Case> cases = {
         {"empty document: one blank page", "", 1, 1, {}},
-        {"long text runs over pages, last line included",
-         Lines(300, "line"),
-         4,
-         8,
-         {"line1", "line150", "line300"}},
+        {"over pages, last line too", Lines(300, "line"), 4, 8, {"line1", "line150", "line300"}},
         {"a line far wider than the page wraps", std::string(2000, 'x') + "END", 1, 2, {"END"}},
     };
     for (const auto& c : cases) {
@@ -77,45 +73,36 @@ TEST_F(Printing, DocumentsIntoPdf) {
 
 TEST_F(Printing, FailuresAndGuard) {
     doc->rtfText->SetText(Lines(400, "row"));
-    struct Case {
+    enum Action { None, Cancel, SecondJob, Unwritable };
+    using O = PrintOutcome;
+    const struct {
         const char* name;
-        std::function<void()> arrange;
+        PrintMargins margins; // top, bottom, left, right
+        Action action;
         PrintOutcome outcome;
         QString caption; // the box shown, empty for none
-    };
-    auto clickCancel = [] {
-        QTimer::singleShot(0, [] {
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (auto* p = qobject_cast<frmPrinting*>(w)) p->cmdCancel->click();
-        });
-    };
-    auto secondJob = [this] {
-        QTimer::singleShot(0, [this] { main->mnuFilePrint_Click(); });
-        dialogs.AnswerPrint(true);
-    };
-    const std::vector<Case> cases = {
-        {"margins wider than the page",
-         [] {
-             g_PrintMargins() = {1, 1, 15, 15};
-         },
-         PrintOutcome::NoRoom, "Printer Error"},
-        {"margins taller than the page",
-         [] {
-             g_PrintMargins() = {20, 20, 1, 1};
-         },
-         PrintOutcome::NoRoom, "Printer Error"},
-        {"cancel in the progress window", clickCancel, PrintOutcome::Cancelled, ""},
-        {"second job while one runs", secondJob, PrintOutcome::Printed, "Printing Error"},
-        {"unwritable PDF path",
-         [this] { SharedPrinter().setOutputFileName(Path("missing/dir/out.pdf")); },
-         PrintOutcome::Failed, "Printer Error"},
+    } cases[] = {
+        {"margins wider than the page", {1, 1, 15, 15}, None, O::NoRoom, "Printer Error"},
+        {"margins taller than the page", {20, 20, 1, 1}, None, O::NoRoom, "Printer Error"},
+        {"cancel in the progress window", {}, Cancel, O::Cancelled, ""},
+        {"second job while one runs", {}, SecondJob, O::Printed, "Printing Error"},
+        {"unwritable PDF path", {}, Unwritable, O::Failed, "Printer Error"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        g_PrintMargins() = PrintMargins{};
-        SharedPrinter().setOutputFileName(Path("out.pdf"));
+        g_PrintMargins() = c.margins;
+        SharedPrinter().setOutputFileName(
+            Path(c.action == Unwritable ? "missing/out.pdf" : "out.pdf"));
         dialogs.asked.clear();
-        c.arrange();
+        if (c.action == Cancel)
+            QTimer::singleShot(0, [] {
+                for (QWidget* w : QApplication::topLevelWidgets())
+                    if (auto* p = qobject_cast<frmPrinting*>(w)) p->cmdCancel->click();
+            });
+        if (c.action == SecondJob) {
+            QTimer::singleShot(0, [this] { main->mnuFilePrint_Click(); });
+            dialogs.AnswerPrint(true);
+        }
         if (!c.caption.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
         EXPECT_EQ(PrintDocument(*doc->rtfText, SharedPrinter(), main.get()), c.outcome);
         Settle();
@@ -142,7 +129,7 @@ TEST_F(Printing, PageSetupDialog) {
         for (const Typing& t : std::vector<Typing>{{dlg.txtTop, "1.2.3", "1.23"},
                                                    {dlg.txtBottom, ".", "."},
                                                    {dlg.txtLeft, "a-4,5 e", "45"},
-                                                   {dlg.txtRight, "0.75", "0.75"}}) {
+                                                   {dlg.txtRight, "0.759\b", "0.75"}}) {
             t.box->clear();
             QTest::keyClicks(t.box, t.keys);
             EXPECT_EQ(t.box->text(), t.shown) << t.keys;

@@ -28,23 +28,16 @@ const FindCase kFindCases[] = {
     {"NegativeStartFromTop", "xab", "ab", -5, -1, false, false, 1},
     {"MatchMustEndByEnd", "abcabc", "abc", 1, 5, false, false, -1},
     {"MatchEndingAtEnd", "abcabc", "abc", 1, 6, false, false, 3},
-    {"EndPastTextClamped", "abc", "bc", 0, 99, false, false, 1},
     {"EmptyRange", "abc", "a", 0, 0, false, false, -1},
-    {"FoldsAscii", "Hello WORLD", "world", 0, -1, false, false, 6},
-    {"MatchCaseExact", "Hello WORLD world", "world", 0, -1, false, true, 12},
     {"HighBytesNotFolded", "\xC3\x89t\xC3\xA9", "\xC3\xA9", 0, -1, false, false, 3},
     {"HighByteNeverFoldsToAscii", std::string(20, '.') + "A\xC1", "a\xE1", 0, -1, false, false, -1},
     {"FoldPrefilterFalseHit", std::string(20, '.') + "@A`a", "`a", 0, -1, false, false, 22},
     {"PunctuationNotFolded", "[{", "{", 0, -1, false, false, 1},
     {"WholeWordSkipsInside", "xAbcx Abc", "abc", 0, -1, true, false, 6},
-    {"WholeWordAtEdges", "abc", "abc", 0, -1, true, false, 0},
     {"WholeWordUnderscore", "_abc abc_ abc", "abc", 0, -1, true, false, 10},
     {"WholeWordDigits", "1abc abc2", "abc", 0, -1, true, false, -1},
     {"WholeWordHighByteIsLetter", "caf\xC3\xA9 caf", "caf", 0, -1, true, false, 6},
     {"WholeWordLooksBeyondRange", "xabc", "abc", 1, -1, true, false, -1},
-    {"OverlappingFromNext", "aaaa", "aa", 1, -1, false, false, 1},
-    {"LongTextTail", std::string(100, 'x') + "Needle!" + std::string(3, 'y'), "NEEDLE", 0, -1,
-     false, false, 100},
 };
 
 INSTANTIATE_TEST_SUITE_P(Search, FindTextRules, testing::ValuesIn(kFindCases),
@@ -74,9 +67,12 @@ TEST(InStrIndex, IsOneBasedAndZeroWhenAbsent) {
         bool matchCase;
         int64_t expected;
     } cases[] = {
-        {1, "foo\r\nbar", "Foo\r\nBar", false, 1}, {1, "foo\r\nbar", "Foo\r\nBar", true, 0},
-        {2, "abab", "ab", true, 3},                 {5, "abab", "b", true, 0},
-        {1, "abc", "", false, 0},                  {0, "abc", "a", false, 1},
+        {1, "foo\r\nbar", "Foo\r\nBar", false, 1},
+        {1, "foo\r\nbar", "Foo\r\nBar", true, 0},
+        {2, "abab", "ab", true, 3},
+        {5, "abab", "b", true, 0},
+        {1, "abc", "", false, 0},
+        {0, "abc", "a", false, 1},
     };
     for (const auto& c : cases)
         EXPECT_EQ(InStrIndex(c.start, c.text, c.find, c.matchCase), c.expected)

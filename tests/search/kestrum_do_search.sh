@@ -39,12 +39,14 @@ check find-overlapping 'aaaa' '0 2\n1 2\n2 2\n2 2\n0 2\n' "$NF" 0 \
     find --press FNNNN aa @FILE@
 check find-whole-word-case 'Abc xAbcx abc ABC' '10 3\n' '' 0 \
     find --whole-word --case-sensitive abc @FILE@
-check find-ex-lines 'foo\nbar foo\nBAR' '0 8\n9 8\n9 8\n' "$NF" 0 \
-    find-ex --press fnn $'Foo\r\nBar' @FILE@
+check find-ex-lines 'foo\nbar foo\nBAR' '0 8\n9 8\n9 8\n9 8\n' "$NF$NF" 0 \
+    find-ex --press fnnn $'Foo\r\nBar' @FILE@
 check find-next-menu 'Abc xAbcx ABC' '10 3\n10 3\n' 'message: No more occurrences after cursor.\n' 0 \
     --select 0 3 find-next-menu --last abc --times 2 @FILE@
 check replace-all 'ABC abc\n' 'x x\r\n' 'message: All occurrences replaced.\n' 0 \
     replace-all abc x @FILE@
+check replace-all-case 'ABC abc' 'ABC x' 'message: All occurrences replaced.\n' 0 \
+    replace-all --case-sensitive abc x @FILE@
 check replace-all-selection 'a.a.a' 'a.b.a' 'message: All occurrences replaced.\n' 0 \
     --select 1 3 replace-all --in-selection a b @FILE@
 P='message: Do you wish to replace this occurrence?\n'
@@ -55,7 +57,11 @@ check pattern 'xa1b a2b' '1 1\n5 1\n5 1\n' 'message: Search Text not found.\n' 0
 check goto-line 'one\ntwo\n' '5 3\n' '' 0 goto-line 2abc @FILE@
 check goto-line-missing 'one\n' '0 0\n' 'message: That line does not exist in the current file.\n' 0 \
     goto-line '' @FILE@
+check goto-line-past 'one\ntwo\n' '0 0\n' 'message: That line does not exist in the current file.\n' 0 \
+    goto-line 4 @FILE@
 check goto-char 'abc' '2 1\n' '' 0 goto-char 3 @FILE@
+check goto-char-past 'one\ntwo\n' '0 0\n' 'message: That character does not exist in the current file.\n' 0 \
+    goto-char 11 @FILE@
 check bad-press 'a' '' '*' 2 find --press X a @FILE@
 check bad-answers 'a' '' '*' 2 replace --answers Q a b @FILE@
 check bad-times 'a' '' '*' 2 find-next-menu --times 0 @FILE@

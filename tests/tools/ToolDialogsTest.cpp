@@ -7,48 +7,13 @@
 #include "tools/frmConfigCompilers.h"
 #include "tools/frmConfigUtilities.h"
 #include "tools/frmDOSCommand.h"
-#include "tools/frmRunCompiler.h"
 
 #include <QAction>
-#include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
-TEST_F(ToolsFixture, RunDialogStartsEachFormWithTheExpandedLine) {
-    SaveSetting("Kestrum", QString::fromLatin1(kToolsSection.data(), kToolsSection.size()), "cc",
-                "cc -c %N");
-    frmDocument* doc = OpenFile("prog.c", "int x;\n");
-    struct Case {
-        bool capture, keep;
-        const char* form;
-    };
-    // Each box in both states; every pair of them is the default compiler's test below.
-    const Case cases[] = {{true, true, "keep+capture"}, {false, false, "bare"}};
-    for (const auto& c : cases) {
-        started.clear();
-        OnModal("frmRunCompiler", [&](QDialog* d) {
-            auto* run = static_cast<frmRunCompiler*>(d);
-            EXPECT_TRUE(run->lstCompilers->selectedItems().isEmpty()); // none selected at first
-            EXPECT_EQ(run->txtCmdLine->text(), "");
-            run->lstCompilers->setCurrentRow(0);
-            run->txtRunDir->setText(QString::fromStdString(tmp.path()));
-            run->chkCaptureOutput->setChecked(c.capture);
-            run->chkCloseWindow->setChecked(c.keep);
-            if (c.capture) OnModal("frmCompilerOutput", [](QDialog* out) { out->close(); });
-            run->cmdOK->click();
-        });
-        main->mnuAdvancedRunCompiler_Click();
-        ASSERT_EQ(started.size(), 1u) << c.form;
-        EXPECT_EQ(Form(started[0]), c.form);
-        EXPECT_EQ(Line(started[0]), "cc -c prog.c");
-        EXPECT_EQ(started[0].dir + "/", QString::fromStdString(tmp.path()));
-        EXPECT_EQ(Setting("CaptureOutput"), c.capture ? "1" : "0");
-        EXPECT_EQ(Setting("CloseWindow"), c.keep ? "1" : "0");
-    }
-    EXPECT_EQ(doc->Tag, Path("prog.c"));
-}
-
+// The run dialog is the end-to-end test's; here the forms a run takes and the other dialogs.
 TEST_F(ToolsFixture, DefaultCompilerRunsTwiceAndTheGuardNeedsAFile) {
     OpenFile("main.c", "x");
     struct Case {
@@ -189,11 +154,6 @@ TEST_F(ToolsFixture, OutputWindowFollowsTheFileAndOpensErrorLines) {
     frmDocument* opened = main->ActiveForm();
     ASSERT_NE(opened, doc);
     EXPECT_EQ(opened->Tag, Path("sub/a.c"));
-    int line = 0, index = 0;
-    opened->rtfText->getCursorPosition(&line, &index);
-    EXPECT_EQ(line, 1);
-    EXPECT_EQ(index, 2);
-    out.txtOutput_DblClick(1); // open already: activated, not opened twice
     EXPECT_EQ(Documents().OpenDocuments().size(), 3u);
     out.close();
     EXPECT_NE(Setting("CompW"), "<none>");

@@ -8,27 +8,31 @@
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 #include <QScrollBar>
+#include <QTimer>
 #include <sys/stat.h>
 
 TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
     Start();
     // A terminal that runs its command in place, as a real one would inside its window.
-    const std::string term = tmp.write("term", "#!/bin/sh\n[ \"$1\" = -e ] && shift\nexec \"$@\"\n");
+    const std::string term =
+        tmp.write("term", "#!/bin/sh\n[ \"$1\" = -e ] && shift\nexec \"$@\"\n");
     ::chmod(term.c_str(), 0755);
     SaveSetting("Kestrum", "Settings", "Terminal", QString::fromStdString(term));
-    tmp.write("prog.c", "int a;\nint b;\nint c;\n");
-    QString error;
-    ASSERT_NE(main->OpenFileInNewDocument(Path("prog.c"), {}, false, &error), nullptr);
-    Settle();
+    // A stored tool chosen from the list: its line is expanded for the document.
+    const std::string command = "echo building %N; echo \"%N:3:5: error: no\" >&2; exit 4";
+    SaveSetting("Kestrum", "Compilers and Viewers", "cc", QString::fromStdString(command));
+    frmDocument* doc = OpenFile("prog.c", "int a;\nint b;\nint c;\n");
     std::string shown;
     frmDocument* opened = nullptr;
     QTimer::singleShot(50, [&] {
         auto* run = qobject_cast<frmRunCompiler*>(QApplication::activeModalWidget());
         ASSERT_NE(run, nullptr);
-        run->txtCmdLine->setText("echo building %N; echo \"%N:3:5: error: no\" >&2; exit 4");
+        EXPECT_TRUE(run->lstCompilers->selectedItems().isEmpty()); // none chosen at first
+        run->lstCompilers->setCurrentRow(0);
+        EXPECT_EQ(run->txtCmdLine->text().toStdString(), command); // expanded when it runs
         run->txtRunDir->setText(QString::fromStdString(tmp.path()));
         run->chkCaptureOutput->setChecked(true);
         run->chkCloseWindow->setChecked(false);
@@ -53,10 +57,11 @@ TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
     });
     main->mnuAdvancedRunCompiler_Click();
     EXPECT_EQ(shown, "building prog.c\nprog.c:3:5: error: no\nTool finished (exit 4)\n");
-    ASSERT_NE(opened, nullptr);
-    EXPECT_EQ(opened->Tag, Path("prog.c"));
+    EXPECT_EQ(Setting("CaptureOutput"), "1"); // the boxes are kept for the next run
+    EXPECT_EQ(Setting("CloseWindow"), "0");
+    EXPECT_EQ(opened, doc); // open already: activated, not opened twice
     int line = -1, index = -1;
-    opened->rtfText->getCursorPosition(&line, &index);
+    doc->rtfText->getCursorPosition(&line, &index);
     EXPECT_EQ(line, 2);
     EXPECT_EQ(index, 4);
 }

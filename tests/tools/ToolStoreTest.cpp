@@ -13,11 +13,13 @@ TEST(ToolStore, ToolsRoundTripThroughTheSettingsFile) {
     {
         SettingsStore store(tmp.path());
         ToolStore tools(store, kApp);
+        EXPECT_EQ(tools.LoadDefault(), (DefaultCompiler{"", "", true, false}));
+        EXPECT_EQ(tools.RunFlags(), std::make_pair(true, false));
         tools.SaveTool("zc", "zc %F", "");
         tools.SaveTool(" gcc ", "  gcc -Wall %F  ", "  /src/dir ");
         tools.SaveTool("viewer", "less %F", "/tmp");
-        tools.RemoveTool("viewer");   // its directory entry stays behind
-        tools.RemoveTool("no such");  // nothing to remove: no error
+        tools.RemoveTool("viewer");  // its directory entry stays behind
+        tools.RemoveTool("no such"); // nothing to remove: no error
         tools.SetDefault(" gcc ");
         tools.SaveRunFlags(false, true);
         tools.SaveUtility("Top", "  top -d 1 ");
@@ -36,28 +38,13 @@ TEST(ToolStore, ToolsRoundTripThroughTheSettingsFile) {
     tools.RemoveTool(" gcc ");
     EXPECT_EQ(tools.LoadDefault(), (DefaultCompiler{"gcc -Wall %F", "/src/dir", true, false}));
     EXPECT_EQ(tools.RunFlags(), std::make_pair(false, true));
-    EXPECT_EQ(tools.Utilities(),
-              (std::vector<std::pair<std::string, std::string>>{{"Top", "  top -d 1 "},
-                                                                {"Calc", "bc -l"}}));
+    EXPECT_EQ(tools.Utilities(), (std::vector<std::pair<std::string, std::string>>{
+                                     {"Top", "  top -d 1 "}, {"Calc", "bc -l"}}));
+    // A flag that is not a number reads as unset; only 1 sets it.
+    store.SaveSetting(kApp, "Settings", "defCaptureOutput", "yes");
+    store.SaveSetting(kApp, "Settings", "defCloseWindow", "2");
+    EXPECT_EQ(tools.LoadDefault(), (DefaultCompiler{"gcc -Wall %F", "/src/dir", false, false}));
     // Adding a tool of a name left in the paths section overwrites the stale directory.
     tools.SaveTool("viewer", "more %F", "");
     EXPECT_EQ(tools.Tool("viewer").workingDir, "");
-}
-
-TEST(ToolStore, DefaultCompilerKeysAndTheirDefaults) {
-    TempDir tmp;
-    SettingsStore store(tmp.path());
-    ToolStore tools(store, kApp);
-    EXPECT_EQ(tools.LoadDefault(), (DefaultCompiler{"", "", true, false}));
-    EXPECT_EQ(tools.RunFlags(), std::make_pair(true, false));
-    const DefaultCompiler d{" make %N ", " /w ", false, true};
-    tools.SaveDefault(d);
-    EXPECT_EQ(tools.LoadDefault(), d); // texts not trimmed here
-    EXPECT_EQ(store.GetSetting(kApp, "Settings", "defCloseWindow"), "0");
-    EXPECT_EQ(store.GetSetting(kApp, "Settings", "defCaptureOutput"), "1");
-    // A value that is not a number reads as the default; only 1 is set.
-    store.SaveSetting(kApp, "Settings", "defCaptureOutput", "yes");
-    store.SaveSetting(kApp, "Settings", "defCloseWindow", "2");
-    EXPECT_EQ(tools.LoadDefault().capture, false);
-    EXPECT_EQ(tools.LoadDefault().keepOpen, false);
 }

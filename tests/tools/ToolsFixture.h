@@ -16,8 +16,9 @@ struct Started {
 struct ToolsFixture : AppFixture {
     void SetUp() override {
         AppFixture::SetUp();
-        ToolRunner::SetStarterForTesting(
-            [this](const ProcessLine& p, const QString& dir) { started.push_back({p, dir}); });
+        ToolRunner::SetStarterForTesting([this](const ProcessLine& p, const QString& dir) {
+            started.push_back({p, dir});
+        });
         Start();
         SaveSetting("Kestrum", "Settings", "Terminal", "term");
     }
