@@ -34,8 +34,7 @@ TEST(HelpFrameset, TopicTextCannotBreakTheAttribute) {
     }
 }
 
-TEST(HelpFrameset, PathAndFailureText) {
-    EXPECT_EQ(HelpFramesetPath("/opt/kestrum/"), "/opt/kestrum/Help/help.htm");
+TEST(HelpFrameset, FailureText) {
     EXPECT_EQ(HelpWriteFailureText("Permission denied"),
               "Kestrum's help system was unable to generate an index file (help.htm). Please "
               "ensure that the 'Help' subdirectory exists, and that it is not write-protected."
@@ -70,15 +69,14 @@ TEST_F(HelpFolderTest, WritesTheFramesetAsTheOnlyLineAndReplacesIt) {
     EXPECT_EQ(HelpFolderEntries(), std::vector<std::string>{"help.htm"});
 }
 
-TEST_F(HelpFolderTest, AMissingHelpFolderIsReportedAndNothingIsCreated) {
-    auto r = WriteHelpFrameset(dir.path(), "basic_editing");
-    EXPECT_FALSE(r.ok);
-    EXPECT_EQ(r.error, std::strerror(ENOENT));
+// A missing Help folder is not created; a folder where the file belongs cannot be replaced by
+// a file, whoever runs the test, and no temporary file is left beside it.
+TEST_F(HelpFolderTest, FailuresAreReportedAndLeaveTheFolderAsItWas) {
+    auto missing = WriteHelpFrameset(dir.path(), "basic_editing");
+    EXPECT_FALSE(missing.ok);
+    EXPECT_EQ(missing.error, std::strerror(ENOENT));
     EXPECT_FALSE(FileExists(dir.file("Help")));
-}
 
-TEST_F(HelpFolderTest, AFolderWhereTheFileBelongsFailsAndLeavesNoTemporaryFile) {
-    // A folder named help.htm cannot be replaced by a file, whoever runs the test.
     ASSERT_EQ(::mkdir(dir.file("Help").c_str(), 0755), 0);
     ASSERT_EQ(::mkdir(dir.file("Help/help.htm").c_str(), 0755), 0);
     auto r = WriteHelpFrameset(dir.path(), "basic_editing");

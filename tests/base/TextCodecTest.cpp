@@ -41,28 +41,6 @@ TEST(TextCodec, Utf8Validity) {
         EXPECT_EQ(IsValidUtf8(c.bytes), c.valid) << c.bytes;
 }
 
-// The chunked readers must agree with the whole-buffer functions wherever the chunks split.
-TEST(TextCodec, ChunkedConversionMatchesWholeBuffer) {
-    const std::vector<std::string> texts = {
-        "a\r\nb\rc\nd\r", "\r\r\n\n\r", "gr\xC3\xBC\xC3\x9F\r\n\xE2\x82\xAC\xF0\x9F\x98\x80",
-        "caf\xE9\n",      "ok\xE2\x82", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80"};
-    for (const auto& t : texts) {
-        for (size_t chunk = 1; chunk <= t.size(); ++chunk) {
-            CrLfNormalizer norm;
-            Utf8Validator utf;
-            std::string out;
-            for (size_t p = 0; p < t.size(); p += chunk) {
-                std::string_view piece = std::string_view(t).substr(p, chunk);
-                norm.Feed(piece, out);
-                utf.Feed(piece);
-            }
-            norm.Finish(out);
-            EXPECT_EQ(out, ToCrLf(t)) << "chunk " << chunk;
-            EXPECT_EQ(utf.Finish(), IsValidUtf8(t)) << "chunk " << chunk << " of " << t;
-        }
-    }
-}
-
 // Text is converted 16 bytes a step: a line end of each kind must be found wherever it falls
 // in a step, a pair must stay one line end across two steps, and nothing may be written
 // beyond the room Convert asks for (2 bytes a byte, plus a CR left from the last chunk).
@@ -108,8 +86,10 @@ TEST(TextCodec, BlockwiseConversionFindsEveryLineEnd) {
     }
 }
 
-// The style seen at load, in every chunking, and the way back to the file's own bytes.
-TEST(TextCodec, LineEndStyleIsSeenAndWrittenBack) {
+// The chunked readers agree with the whole-buffer functions wherever the chunks split and see
+// the file's line-end style, by which a file of one style is written back byte for byte and a
+// mixed one as CR LF.
+TEST(TextCodec, ChunkedReadersMatchTheWholeBufferAndSeeTheLineEndStyle) {
     struct Case {
         std::string file;
         LineEndStyle style;
@@ -117,22 +97,31 @@ TEST(TextCodec, LineEndStyleIsSeenAndWrittenBack) {
         {"a\r\nb\r\n", LineEndStyle::CrLf},
         {"a\nb\n", LineEndStyle::Lf},
         {"a\rb\r", LineEndStyle::Cr},
-        {"no line end", LineEndStyle::Lf},
         {"", LineEndStyle::Lf},
         {"a\r\nb\n", LineEndStyle::Mixed},
         {"a\rb\r\n", LineEndStyle::Mixed},
         {"\n\r", LineEndStyle::Mixed},
+        {"\r\r\n\n\r", LineEndStyle::Mixed},
+        {"gr\xC3\xBC\xC3\x9F\r\n\xE2\x82\xAC\xF0\x9F\x98\x80", LineEndStyle::CrLf},
+        {"caf\xE9\n", LineEndStyle::Lf},
+        {"ok\xE2\x82", LineEndStyle::Lf},
+        {"\xF0\x9F\x98\x80\xF0\x9F\x98\x80\xF0\x9F\x98\x80", LineEndStyle::Lf},
     };
     for (const Case& c : cases) {
         for (size_t chunk = 1; chunk <= std::max<size_t>(c.file.size(), 1); ++chunk) {
             CrLfNormalizer norm;
-            std::string buffer;
-            for (size_t p = 0; p < c.file.size(); p += chunk)
-                norm.Feed(std::string_view(c.file).substr(p, chunk), buffer);
-            norm.Finish(buffer);
+            Utf8Validator utf;
+            std::string out;
+            for (size_t p = 0; p < c.file.size(); p += chunk) {
+                std::string_view piece = std::string_view(c.file).substr(p, chunk);
+                norm.Feed(piece, out);
+                utf.Feed(piece);
+            }
+            norm.Finish(out);
+            EXPECT_EQ(out, ToCrLf(c.file)) << c.file << " chunk " << chunk;
+            EXPECT_EQ(utf.Finish(), IsValidUtf8(c.file)) << c.file << " chunk " << chunk;
             EXPECT_EQ(norm.Style(), c.style) << c.file << " chunk " << chunk;
         }
-        // A file of one style comes back byte for byte; a mixed one comes back as CR LF.
         std::string back = FromCrLf(ToCrLf(c.file), c.style);
         EXPECT_EQ(back, c.style == LineEndStyle::Mixed ? ToCrLf(c.file) : c.file) << c.file;
     }

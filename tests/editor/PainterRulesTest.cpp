@@ -1,6 +1,7 @@
-// The painter's rules, one case for each, on small texts written one character per byte: the
+// The coders' rules, one case for each, on small texts written one character per byte: the
 // slot digit (1 to 3 keyword lists, 4 to 6 delimiter classes, 0 text) or '.' where nothing was
-// painted. Every other combination of texts, ranges and flags is checked against the reference
+// painted. How the passes (whole text, line, passage) order and bound the coders, and every
+// other combination of texts, ranges and flags, is checked against the literal reference
 // painter in PainterCrossCheckTest.
 #include "editor/PaintHarness.h"
 
@@ -32,7 +33,6 @@ TEST(PainterKeywords, OneList) {
         // start or end the side outside is not looked at.
         {"at stretch start, right side ignored", "format", kFor, "111..."},
         {"at stretch end, left side ignored", "xfor", kFor, ".111"},
-        {"letter before", "xfor y", kFor, "......"},
         {"at sign (64) is a boundary", " for@", kFor, ".111."},
         {"A (65) is no boundary", " forA", kFor, "....."},
         {"high byte is no boundary", " for\xE9", kFor, "....."},
@@ -41,11 +41,7 @@ TEST(PainterKeywords, OneList) {
         // (letter after it), and the second one is never found.
         {"skipped find at the end", " forfor", kFor, "......."},
         {"overlapping self", "aaaaa", KeywordList({"aa"}), "11.11"},
-        // Reading the list: trimmed tokens up to the first empty one; only separated words.
-        {"tokens are trimmed", "a for b", KeywordList({"  for  "}), "..111.."},
-        {"blank token ends the list", "for while", KeywordList({"for", "  ", "while"}),
-         "111......"},
-        {"no final separator loses the last word", "for while", kFor + "while", "111......"},
+        // Only separated words: a phrase with two blanks is not "end if".
         {"phrase inner blanks kept", "end  if", KeywordList({"end if"}), "......."},
         {"case folds ASCII only", " \xC3\x89t ", KeywordList({"\xC3\xA9t"}), "....."},
         {"case-sensitive when asked", "INT x", KeywordList({"Int"}), ".....", true},
@@ -102,66 +98,6 @@ TEST(PainterDelimiters, PairsAndFlags) {
         EXPECT_EQ(h.Show(), c.painted) << c.name;
         EXPECT_EQ(cls, c.classAfter) << c.name;
         EXPECT_EQ(FlagPair(h.flags), FlagPair(c.after)) << c.name;
-    }
-}
-
-TEST(PainterPasses, ColorCodeOrder) {
-    const std::string k = "1 Keywords/Identifiers Coded...", d = "Coding Bracers and Delimiters...";
-    for (bool codeOrder : {true, false}) {
-        PaintHarness h("int /* int */ \"if\"");
-        h.settings.Keywords = {KeywordList({"int"}), KeywordList({"if"}), ""};
-        h.settings.CodeOrder = codeOrder;
-        // Only pairs with both ends are coded: the last two keep their class unclamped.
-        SetPairs(h.settings, {{"/*", "*/", 0}, {"\"", "\"", 2}, {"", "x", 9}, {"x", "", 9}});
-        EXPECT_EQ(ColorCode(h.ctx), PassResult::Done);
-        EXPECT_EQ(h.Show(), codeOrder ? "111044444444405555" : "111044411144405225");
-        EXPECT_EQ(h.captions, (codeOrder ? std::vector{k, k, d} : std::vector{d, k, k}));
-        EXPECT_EQ(FlagPair(h.flags), FlagPair(kClean));
-        EXPECT_EQ(h.settings.Delimiters[0].DelimiterColor, 1);
-        EXPECT_EQ(h.settings.Delimiters[2].DelimiterColor, 9);
-        EXPECT_EQ(h.settings.Delimiters[3].DelimiterColor, 9);
-    }
-}
-
-// CodeLine (a: line start, b: line length without its line end) and CodePassage (a: first,
-// b: last) with the pairs "/*" "*/" class 1, quote class 2 and "'" without closer, which only
-// CodeLine codes.
-TEST(PainterPasses, LinesAndPassages) {
-    struct Case {
-        const char* name;
-        bool line;
-        std::string text;
-        int64_t a, b;
-        std::string painted;
-        bool codeOrder = true;
-    };
-    const std::string s = "if /* if */ \"if\" if";
-    const std::vector<Case> cases = {
-        {"line with its line end", true, "a if\r\nif b", 0, 4, "001100...."},
-        // Delimiter range a + 2 + n = 5: the pair closing at 4 goes on to the one at 5..6.
-        {"delimiter range two longer", true, "x\r\n\"\"\"\"\"\"", 0, 1, "0005555.."},
-        {"line, keyword over delimiters", true, "/* if */", 0, 8, "44411444", false},
-        // A pair without closer paints its opener's first byte, as an empty closer is found
-        // at once.
-        {"empty closer", true, "x ' y", 0, 5, "00400"},
-        // CodePassage holds CodingInProgress across its coders, so the delimiter coder
-        // returns at once unless the keyword stage ran before it and cleared the flag.
-        {"keywords, then delimiters", false, s, 0, 19, "1104444444405555011"},
-        {"delimiters first paint nothing", false, s, 0, 19, "1100001100000110011", false},
-        // The comment closes behind last: it is painted, and the string pair is not.
-        {"a pair behind last ends the pairs", false, s, 0, 5, "11044444444........"},
-    };
-    for (auto& c : cases) {
-        PaintHarness h(c.text);
-        h.settings.Keywords = {KeywordList({"if"}), "", ""};
-        h.settings.CodeOrder = c.codeOrder;
-        SetPairs(h.settings, {{"/*", "*/", 1}, {"\"", "\"", 2}, {"'", "", 1}});
-        EXPECT_EQ(c.line ? CodeLine(h.ctx, c.a, c.b) : CodePassage(h.ctx, c.a, c.b),
-                  PassResult::Done)
-            << c.name;
-        EXPECT_EQ(h.Show(), c.painted) << c.name;
-        EXPECT_EQ(FlagPair(h.flags), FlagPair(kClean)) << c.name;
-        EXPECT_TRUE(h.captions.empty()) << c.name;
     }
 }
 

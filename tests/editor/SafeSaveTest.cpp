@@ -112,15 +112,28 @@ TEST_F(SafeSaveTest, AFolderWithoutRoomForNewFilesIsWrittenInPlace) {
     EXPECT_EQ(Entries(), std::vector<std::string>{"keep.txt"});
 }
 
-TEST_F(SafeSaveTest, TheControlSavesPlainTextOrRichText) {
+// The control's rich text, saved as a file; its escapes follow the document's encoding, both
+// written and read.
+TEST_F(SafeSaveTest, TheControlSavesRichTextInItsDocumentsEncoding) {
     RichEdit edit;
     edit.SetText("plain {text}\n");
     edit.PaintRange(0, 5, ColorSlot::Keywords0);
     std::string path = dir.file("out");
     QString error;
-    ASSERT_TRUE(edit.SaveFile(QString::fromStdString(path), 1, &error));
-    EXPECT_EQ(ReadFileBytes(path), "plain {text}\r\n");
     ASSERT_TRUE(edit.SaveFile(QString::fromStdString(path), 0, &error));
     EXPECT_EQ(ReadFileBytes(path), edit.TextRTF());
     EXPECT_NE(ReadFileBytes(path).find("\\cf1 plain\\cf0  \\{text\\}\\par"), std::string::npos);
+
+    struct Case {
+        bool utf8;
+        std::string text, escaped, read;
+    };
+    for (const Case& c : {Case{true, "caf\xC3\xA9", "caf\\u233?", "caf\xC3\xA9 \xE2\x82\xAC"},
+                          Case{false, "caf\xE9", "caf\\'e9", "caf\xE9 \x80"}}) {
+        edit.ResetEncoding(c.utf8);
+        edit.SetText(c.text);
+        EXPECT_NE(edit.TextRTF().find(c.escaped), std::string::npos) << c.utf8;
+        edit.SetTextRTF("{\\rtf1 caf\\'e9 \\u8364?}");
+        EXPECT_EQ(edit.Text(), c.read) << c.utf8;
+    }
 }

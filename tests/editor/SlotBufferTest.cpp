@@ -22,7 +22,6 @@ TEST(SlotBuffer, RunsSpansAndUnpaintedGaps) {
         std::vector<int64_t> spanStarts;
     };
     const std::vector<Case> cases = {
-        {"one paint", 0, {{0, 5, T}}, {{0, 5, T}}, {0}},
         {"overpaint splits", 0, {{0, 10, T}, {3, 2, K}}, {{0, 3, T}, {3, 2, K}, {5, 5, T}}, {0}},
         {"equal neighbours merge", 0, {{0, 3, K}, {3, 3, K}}, {{0, 6, K}}, {0}},
         {"gap stays unpainted", 10, {{10, 2, K}, {20, 2, K}}, {{10, 2, K}, {20, 2, K}}, {10, 20}},

@@ -33,7 +33,7 @@ TEST(KeywordListFile, Import) {
          "\\nl\\\r\n \\NL\\\r\n\\NL\\ \r\n",
          O,
          {L({"\\nl\\", " \\NL\\", "\\NL\\ "}), "", ""}},
-        {"a tilde is a keyword to the options dialog", "~x\r\n", O, {L({"~x"}), "", ""}},
+        // The options dialog takes "~" as a keyword (its import test has one).
         {"a tilde is a comment to the profile dialog", "  ~x\r\nx~\r\n", C, {L({"x~"}), "", ""}},
         {"the profile dialog keeps empty lines",
          "a\r\n\r\n  \r\n",

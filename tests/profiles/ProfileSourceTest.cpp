@@ -51,7 +51,6 @@ TEST(ProfileSource, MistakesAreReportedWithTheirLine) {
         {"name: P\ncode-order: yes\n", "\"case-sensitive:\" and"},
         {"name: P\nname: Q\n", "line 2: the name is given twice"},
         {"name: a/b\n", "line 1: the name must be"},
-        {"name:\n", "line 1: the name must be"},
         {"colour: red\n", "line 1: unknown key"},
         {"name: P\ncase-sensitive: maybe\n", "line 2: \"case-sensitive\" takes"},
         {"just words\n", "line 1: expected"},

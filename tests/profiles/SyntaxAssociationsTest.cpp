@@ -62,9 +62,7 @@ TEST_F(AssocTest, TheExtensionFollowsTheLastDotAndChoosesAProfileOrTheGlobalReco
         {"/tmp/archive.tar.gz", "gz", "Archive Profile"},
         {"/tmp/index.HtMl", "HtMl", "HTML Default Profile"},
         {"/tmp/Makefile", "", ""},
-        {"/tmp/notes.", "", ""},
         {".profile", "profile", ""},
-        {"/tmp/data.xyz", "xyz", ""},
         {"/tmp/switched.off", "off", ""},
         // A value that would lead out of the profile folder names no file at all.
         {"/tmp/a.up", "up", "/"},
