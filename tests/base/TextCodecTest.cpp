@@ -12,7 +12,6 @@ TEST(TextCodec, LineEndsBecomeCrLf) {
     for (auto& c : std::vector<Case>{{"a\nb", "a\r\nb"},
                                      {"a\rb", "a\r\nb"},
                                      {"a\r\nb", "a\r\nb"},
-                                     {"\n\n", "\r\n\r\n"},
                                      {"\r\r\n\n", "\r\n\r\n\r\n"},
                                      {"end\r", "end\r\n"},
                                      {"", ""},
