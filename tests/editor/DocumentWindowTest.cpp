@@ -27,19 +27,32 @@ TEST_F(DocumentWindowTest, SlotsAreReusedWhileUntitledNumbersOnlyGrow) {
     EXPECT_EQ(Documents().UpperBound(), 3);
 }
 
-// Cancel and No, and an unchanged document, are followed in the file commands' close test.
-TEST_F(DocumentWindowTest, TheCloseQuestionNamesTheDocumentAndYesSavesFirst) {
+// An unchanged document closes without a question (see the window commands' Close All).
+TEST_F(DocumentWindowTest, TheCloseQuestionHasThreeAnswers) {
     Start();
     frmDocument* doc = Active();
-    doc->rtfText->SetText("keep me");
+    doc->rtfText->SetText("edited");
     ASSERT_TRUE(doc->Changed);
-    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerFile(Path("kept.txt"));
-    EXPECT_TRUE(doc->CloseWith(frmDocument::vbFormControlMenu));
-    ASSERT_GE(dialogs.asked.size(), 1u);
+    dialogs.AnswerMsgBox(MsgResult::Cancel);
+    EXPECT_FALSE(doc->CloseWith(frmDocument::vbFormControlMenu));
+    ASSERT_EQ(dialogs.asked.size(), 1u);
     EXPECT_EQ(dialogs.asked[0].caption, "Save Changes?");
     EXPECT_EQ(dialogs.asked[0].text,
               "Do you wish to save the changes you have made to the file Untitled 1?");
     EXPECT_EQ(dialogs.asked[0].buttons, MsgButtons::YesNoCancel);
+    EXPECT_FALSE(Documents().IsFree(1));
+
+    dialogs.AnswerMsgBox(MsgResult::No);
+    EXPECT_TRUE(doc->CloseWith(frmDocument::vbFormControlMenu));
+    Settle();
+    EXPECT_TRUE(Documents().IsFree(1));
+    EXPECT_EQ(main->tabFiles->count(), 0);
+
+    // Yes saves first: an untitled document through the save dialog.
+    frmDocument* third = NewDocument();
+    third->rtfText->SetText("keep me");
+    dialogs.AnswerMsgBox(MsgResult::Yes).AnswerFile(Path("kept.txt"));
+    EXPECT_TRUE(third->CloseWith(frmDocument::vbFormControlMenu));
     EXPECT_EQ(ReadFileBytes(tmp.file("kept.txt")), "keep me");
 }
 

@@ -15,8 +15,8 @@ Applied Apply(std::string text, const LineCommandResult& r) {
 }
 } // namespace
 
-// Indent, unindent and the line comment on a plain selection are followed in the menu
-// commands' test.
+// Indent and unindent of a plain selection are followed in the typing aids' block Tab test,
+// the line comment in the menu commands' test.
 TEST(LineTransforms, LineStepsOverTheSelectedLines) {
     struct Case {
         const char* name;
