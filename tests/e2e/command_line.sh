@@ -43,6 +43,17 @@ kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM"
 [ "$(settings_value RecentFile1)" = "$latin1" ] || fail "the recent file lost its bytes"
 
+# A TERM while a start-up message box waits for its answer ends the program at once, and its
+# close still writes the window keys.
+sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
+"$KESTRUM" "$WORK/missing/x.c" &
+PIDS+=($!)
+main_pid=$!
+wait_for_window "^Kestrum$" >/dev/null || fail "no message box for a missing file"
+kill -TERM "$main_pid"
+wait_gone "$main_pid" || fail "editor did not end on TERM during a start-up message box"
+[ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM during a message box"
+
 # A TERM that comes while a large file is still being loaded and coloured is served once
 # the editor can close, and the close still writes the window keys.
 sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
