@@ -1,6 +1,7 @@
 #include "editor/core/RtfCodec.h"
 
 #include "base/TextCodec.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,50 +28,9 @@ std::optional<unsigned char> To8Bit(char32_t cp) {
     return std::nullopt;
 }
 
-void AppendUtf8(std::string& out, char32_t cp) {
-    if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) cp = 0xFFFD;
-    if (cp < 0x80) {
-        out += char(cp);
-    } else if (cp < 0x800) {
-        out += char(0xC0 | (cp >> 6));
-        out += char(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        out += char(0xE0 | (cp >> 12));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    } else {
-        out += char(0xF0 | (cp >> 18));
-        out += char(0x80 | ((cp >> 12) & 0x3F));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    }
-}
-
-// Decodes one well-formed UTF-8 sequence at s[i]; its length in *len, or 0 when there is none.
-char32_t DecodeUtf8(std::string_view s, size_t i, size_t* len) {
-    *len = 0;
-    auto c = static_cast<unsigned char>(s[i]);
-    size_t n;
-    char32_t cp;
-    if (c >= 0xC2 && c <= 0xDF)
-        n = 2, cp = c & 0x1F;
-    else if (c >= 0xE0 && c <= 0xEF)
-        n = 3, cp = c & 0x0F;
-    else if (c >= 0xF0 && c <= 0xF4)
-        n = 4, cp = c & 0x07;
-    else
-        return 0;
-    if (i + n > s.size()) return 0;
-    for (size_t k = 1; k < n; ++k) {
-        auto t = static_cast<unsigned char>(s[i + k]);
-        if ((t & 0xC0) != 0x80) return 0;
-        cp = (cp << 6) | (t & 0x3F);
-    }
-    // Overlong forms, surrogates and code points past the last plane are not text.
-    static constexpr char32_t kMin[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (cp < kMin[n] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
-    *len = n;
-    return cp;
+// A code point from the document's own escapes: one that is not a character becomes U+FFFD.
+void AppendChar(std::string& out, char32_t cp) {
+    AppendUtf8(out, cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF) ? char32_t(0xFFFD) : cp);
 }
 
 const char kHex[] = "0123456789abcdef";
@@ -114,8 +74,8 @@ size_t AppendChar(std::string& out, std::string_view text, size_t i, bool utf8) 
     } else if (c < 0x80 || !utf8) {
         AppendHexByte(out, c);
     } else {
-        size_t len;
-        char32_t cp = DecodeUtf8(text, i, &len);
+        char32_t cp = 0;
+        const size_t len = Utf8SequenceAt(text, i, cp);
         // A byte that is not part of a sequence is shown as the Latin-1 character it would be.
         AppendUnicode(out, len ? cp : char32_t(c));
         return len ? len : 1;
@@ -399,7 +359,7 @@ class RtfReader {
         if (b == '\r' || b == '\n') return ControlLineEnd(b);
         lastCr_ = false;
         if (utf8_)
-            AppendUtf8(out_.text, FromCp1252(b));
+            AppendChar(out_.text, FromCp1252(b));
         else
             out_.text += char(b);
         Paint();
@@ -445,7 +405,7 @@ class RtfReader {
         if (cp == '\r' || cp == '\n') return ControlLineEnd(char(cp));
         lastCr_ = false;
         if (utf8_)
-            AppendUtf8(out_.text, cp);
+            AppendChar(out_.text, cp);
         else
             out_.text += char(To8Bit(cp).value_or('?'));
         Paint();

@@ -1,5 +1,7 @@
 #include "transforms/core/CaseTransforms.h"
 
+#include "base/Utf8.h"
+
 #include <locale.h>
 #include <wctype.h>
 
@@ -53,24 +55,6 @@ size_t Decode(std::string_view s, size_t i, char32_t& cp) {
     return len;
 }
 
-void Encode(char32_t cp, std::string& out) {
-    if (cp < 0x80) {
-        out += char(cp);
-    } else if (cp < 0x800) {
-        out += char(0xC0 | (cp >> 6));
-        out += char(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        out += char(0xE0 | (cp >> 12));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    } else {
-        out += char(0xF0 | (cp >> 18));
-        out += char(0x80 | ((cp >> 12) & 0x3F));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    }
-}
-
 std::string ChangeUtf8(std::string_view text, CaseChange how) {
     locale_t loc = Utf8Locale();
     std::string out;
@@ -99,7 +83,7 @@ std::string ChangeUtf8(std::string_view text, CaseChange how) {
         wint_t mapped = upper ? towupper_l(wint_t(cp), loc) : towlower_l(wint_t(cp), loc);
         // Surrogates and out-of-range results cannot be encoded; keep the character then.
         if (mapped > 0x10FFFF || (mapped >= 0xD800 && mapped <= 0xDFFF)) mapped = wint_t(cp);
-        Encode(char32_t(mapped), out);
+        AppendUtf8(out, char32_t(mapped));
         wordStart = false;
         i += len;
     }
