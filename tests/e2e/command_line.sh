@@ -43,26 +43,24 @@ kill -TERM "$main_pid"
 wait_gone "$main_pid" || fail "editor did not end on TERM"
 [ "$(settings_value RecentFile1)" = "$latin1" ] || fail "the recent file lost its bytes"
 
-# A TERM while a start-up message box waits for its answer ends the program at once, and its
-# close still writes the window keys.
-sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
-"$KESTRUM" "$WORK/missing/x.c" &
-PIDS+=($!)
-main_pid=$!
-wait_for_window "^Kestrum$" >/dev/null || fail "no message box for a missing file"
-kill -TERM "$main_pid"
-wait_gone "$main_pid" || fail "editor did not end on TERM during a start-up message box"
-[ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM during a message box"
+# start_then_term FILE TITLE WHEN: starts the editor on FILE, sends TERM as soon as a window
+# titled TITLE shows, and checks that the editor ends and its close still writes the window keys.
+start_then_term() {
+    sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
+    "$KESTRUM" "$1" &
+    PIDS+=($!)
+    main_pid=$!
+    wait_for_window "$2" >/dev/null || fail "no window $3"
+    kill -TERM "$main_pid"
+    wait_gone "$main_pid" || fail "editor did not end on TERM $3"
+    [ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM $3"
+}
+
+# A TERM while a start-up message box waits for its answer (a missing file) ends the program.
+start_then_term "$WORK/missing/x.c" "^Kestrum$" "during a start-up message box"
 
 # A TERM that comes while a large file is still being loaded and coloured is served once
-# the editor can close, and the close still writes the window keys.
-sed -i '/^MainWidth/d' "$XDG_CONFIG_HOME/Kestrum.ini"
+# the editor can close.
 { yes 'int f(int x) { /* comment */ return x + 1; } // line' || true; } | head -c 10000000 > "$WORK/big.c"
-"$KESTRUM" "$WORK/big.c" &
-PIDS+=($!)
-main_pid=$!
-wait_for_window "Kestrum$" >/dev/null || fail "no main window with the large file"
-kill -TERM "$main_pid"
-wait_gone "$main_pid" || fail "editor did not end on TERM while colouring"
-[ -n "$(settings_value MainWidth)" ] || fail "MainWidth not written at a TERM while colouring"
+start_then_term "$WORK/big.c" "Kestrum$" "while colouring"
 echo "1 passed, 0 failed"
