@@ -48,7 +48,6 @@ using FileToolsForms = AppFixture;
 TEST_F(FileToolsForms, FileViewListsAndNavigates) {
     // In a folder of its own: the fixture keeps its program and settings folders beside it.
     const std::string tree = tmp.file("tree/");
-    ::mkdir(tree.c_str(), 0755);
     for (const char* f : {"b.HTM", "a.tar.gz", "Readme", ".dot"})
         tmp.write(std::string("tree/") + f, "x");
     ::mkdir((tree + "sub").c_str(), 0755);

@@ -1,10 +1,6 @@
 #include "printing/core/PageGeometry.h"
 #include "printing/core/PageSetupValues.h"
 
-#include "base/EditorSettings.h"
-#include "base/SettingsStore.h"
-#include "support/TempDir.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -112,21 +108,6 @@ TEST(PageSetupValues, MarginFromText) {
         {"1.5cm", 1.5f}, {"1.2.3", 1.2f}, {"99999999999999999999999999999999999999999", 0},
     };
     for (auto [text, cm] : cases) EXPECT_FLOAT_EQ(MarginFromText(text), cm) << text;
-}
-
-TEST(PageSetupValues, StoredAndReadBack) {
-    TempDir dir;
-    SettingsStore store(dir.path());
-    SavePageSetup(store, "Kestrum", PrintMargins{2.5f, 0, 1.25f, 3}, true);
-    PrintMargins m{9, 9, 9, 9};
-    LoadPrintMargins(store, "Kestrum", m);
-    EXPECT_FLOAT_EQ(m.Top, 2.5f);
-    EXPECT_FLOAT_EQ(m.Bottom, 0);
-    EXPECT_FLOAT_EQ(m.Left, 1.25f);
-    EXPECT_FLOAT_EQ(m.Right, 3);
-    EXPECT_TRUE(LoadBlackAndWhite(store, "Kestrum"));
-    SavePageSetup(store, "Kestrum", m, false);
-    EXPECT_FALSE(LoadBlackAndWhite(store, "Kestrum"));
 }
 
 TEST(PageGeometry, LongestLine) {

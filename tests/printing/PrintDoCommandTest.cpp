@@ -18,27 +18,28 @@ TEST(PrintDoCommand, CommandLines) {
     if (const char* build = std::getenv("KESTRUM_BUILD_DIR")) SetAppDirForTesting(build);
     TempDir tmp;
     const std::string source = "int main(void)\n{\n    return 0; /* done */\n}\n";
-    const std::string c = tmp.write("listing.c", source);
-    const std::string txt = tmp.write("listing.txt", source);
-    const std::string pdf = tmp.file("out.pdf");
+    const std::string c = tmp.write("listing.c", source), txt = tmp.write("listing.txt", source);
+    const std::string pdf = tmp.file("out.pdf"), ini = tmp.file("config/Kestrum.ini");
     const std::string cp = "C and C++ Default Profile", outside = "../PROFILES/" + cp;
-    enum Colour { Any, Coloured, Plain };
+    // The page set up in the editor holds for scripts too, and is left as it was.
+    const std::string bw = "[Printer Settings]\nBlackAndWhite = True\nTopMargin = 3\n";
+    enum Colour { Unwritten, Coloured, Plain };
     const struct {
         const char* name;
         std::vector<std::string> args;
-        int status;
-        bool written;    // a PDF holding the text
-        Colour colour;   // keywords and comments in colours of their own, or all in one
-        std::string err; // a part of stderr, "" for nothing at all
+        Colour colour;        // keywords and comments in colours of their own, or all in one
+        std::string err;      // a part of stderr (a usage error), "" for nothing at all
+        std::string settings; // the user's settings file, "" for none
     } cases[] = {
-        {"C source coloured by its extension", {"--pdf", pdf, c}, 0, true, Coloured, ""},
-        {"plain text", {"--pdf", pdf, txt}, 0, true, Plain, ""},
-        {"named profile", {"--pdf", pdf, "--profile", cp, txt}, 0, true, Coloured, ""},
-        {"unknown profile", {"--pdf", pdf, "--profile", "Nosuch", c}, 2, false, Any, "Nosuch"},
-        {"outside PROFILES/", {"--pdf", pdf, "--profile", outside, c}, 2, false, Any, "PROFILES/"},
-        {"no --pdf", {c}, 2, false, Any, "--pdf"},
+        {"C source coloured by its extension", {"--pdf", pdf, c}, Coloured, "", ""},
+        {"plain text", {"--pdf", pdf, txt}, Plain, "", ""},
+        {"named profile", {"--pdf", pdf, "--profile", cp, txt}, Coloured, "", ""},
+        {"unknown profile", {"--pdf", pdf, "--profile", "Nosuch", c}, Unwritten, "Nosuch", ""},
+        {"outside PROFILES/", {"--pdf", pdf, "--profile", outside, c}, Unwritten, "PROFILES/", ""},
+        {"no --pdf", {c}, Unwritten, "--pdf", ""},
+        {"black and white chosen in the editor", {"--pdf", pdf, c}, Plain, "", bw},
     };
-    // The user's settings are read from a folder of the test's own, empty at first.
+    // The user's settings are read from a folder of the test's own.
     const char* before = std::getenv("XDG_CONFIG_HOME");
     const std::string saved = before ? before : "";
     ::setenv("XDG_CONFIG_HOME", tmp.file("config").c_str(), 1);
@@ -46,37 +47,28 @@ TEST(PrintDoCommand, CommandLines) {
     for (const auto& k : cases) {
         SCOPED_TRACE(k.name);
         std::remove(pdf.c_str());
+        if (!k.settings.empty()) tmp.write("config/Kestrum.ini", k.settings);
         ResetPrintingInProgressForTesting(); // each run stands for a process of its own
         std::vector<std::string> args{"print"};
         args.insert(args.end(), k.args.begin(), k.args.end());
         std::ostringstream out, err;
-        EXPECT_EQ(RunKestrumDo(args, table, out, err), k.status) << err.str();
+        EXPECT_EQ(RunKestrumDo(args, table, out, err), k.err.empty() ? 0 : 2) << err.str();
         EXPECT_EQ(out.str(), "");
         if (k.err.empty())
             EXPECT_EQ(err.str(), "");
         else
             EXPECT_NE(err.str().find(k.err), std::string::npos) << err.str();
         const PdfContents read = ReadPdf(QString::fromStdString(pdf));
-        EXPECT_EQ(read.pages > 0, k.written);
-        if (!k.written) continue;
+        EXPECT_EQ(read.pages > 0, k.colour != Unwritten);
+        if (k.colour == Unwritten) continue;
         EXPECT_TRUE(
             QString(read.text).remove(QRegularExpression("\\s")).contains("return0;/*done*/"));
         // Black text on white, and more colours only where the profile colours words.
-        if (k.colour != Any) {
-            EXPECT_EQ(read.fills.size() > 2, k.colour == Coloured);
+        EXPECT_EQ(read.fills.size() > 2, k.colour == Coloured);
+        if (!k.settings.empty()) {
+            EXPECT_EQ(ReadFileBytes(ini), k.settings);
         }
     }
-    // The page set up in the editor holds for scripts too, and is left as it was.
-    const std::string setup = "[Printer Settings]\nBlackAndWhite = True\nTopMargin = 3\n";
-    const std::string ini = tmp.write("config/Kestrum.ini", setup);
-    std::remove(pdf.c_str());
-    ResetPrintingInProgressForTesting();
-    std::ostringstream out, err;
-    EXPECT_EQ(RunKestrumDo({"print", "--pdf", pdf, c}, table, out, err), 0) << err.str();
     before ? ::setenv("XDG_CONFIG_HOME", saved.c_str(), 1) : ::unsetenv("XDG_CONFIG_HOME");
     ResetPrintingInProgressForTesting();
-    const PdfContents read = ReadPdf(QString::fromStdString(pdf));
-    ASSERT_GT(read.pages, 0);
-    EXPECT_LE(read.fills.size(), 2u) << "colours printed although the user chose black and white";
-    EXPECT_EQ(ReadFileBytes(ini), setup);
 }

@@ -17,25 +17,4 @@ TEST(ReadNumber, ReadsTheLeadingNumber) {
     EXPECT_EQ(ReadNumber(std::string(23, '9')), 9'000'000'000'000'000'000); // saturated
 }
 
-TEST(Goto, LinesAndCharactersOutOfRangeAreRefused) {
-    struct {
-        const char* answer;
-        int64_t count;
-        std::optional<int64_t> line;
-        std::optional<int64_t> charStart;
-    } cases[] = {
-        {"3", 3, 2, 2},
-        {"4", 3, std::nullopt, std::nullopt},
-        {"0", 3, std::nullopt, std::nullopt},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(GotoLineIndex(c.answer, c.count), c.line) << c.answer;
-        auto sel = GotoCharSelection(c.answer, c.count);
-        EXPECT_EQ(sel ? std::optional<int64_t>(sel->start) : std::nullopt, c.charStart) << c.answer;
-        if (sel) {
-            EXPECT_EQ(sel->length, 1);
-        }
-    }
-}
-
 } // namespace

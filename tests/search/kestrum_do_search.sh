@@ -57,11 +57,14 @@ check pattern 'xa1b a2b' '1 1\n5 1\n5 1\n' 'message: Search Text not found.\n' 0
 check goto-line 'one\ntwo\n' '5 3\n' '' 0 goto-line 2abc @FILE@
 check goto-line-missing 'one\n' '0 0\n' 'message: That line does not exist in the current file.\n' 0 \
     goto-line '' @FILE@
+check goto-line-last 'one\ntwo\n' '10 0\n' '' 0 goto-line 3 @FILE@
 check goto-line-past 'one\ntwo\n' '0 0\n' 'message: That line does not exist in the current file.\n' 0 \
     goto-line 4 @FILE@
 check goto-char 'abc' '2 1\n' '' 0 goto-char 3 @FILE@
 check goto-char-past 'one\ntwo\n' '0 0\n' 'message: That character does not exist in the current file.\n' 0 \
     goto-char 11 @FILE@
+check goto-char-zero 'abc' '0 0\n' 'message: That character does not exist in the current file.\n' 0 \
+    goto-char 0 @FILE@
 check bad-press 'a' '' '*' 2 find --press X a @FILE@
 check bad-answers 'a' '' '*' 2 replace --answers Q a b @FILE@
 check bad-times 'a' '' '*' 2 find-next-menu --times 0 @FILE@

@@ -135,7 +135,6 @@ TEST_F(ToolsFixture, DosCommandQuotesTheFileAndKeepsItsLine) {
 }
 
 TEST_F(ToolsFixture, OutputWindowFollowsTheFileAndOpensErrorLines) {
-    std::filesystem::create_directories(tmp.path() + "sub");
     tmp.write("sub/a.c", "one\ntwo\nthree\n");
     frmDocument* doc = OpenFile("main.c", "x");
     const QString cap = Path("cap.txt");
