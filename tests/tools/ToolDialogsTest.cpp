@@ -7,13 +7,39 @@
 #include "tools/frmConfigCompilers.h"
 #include "tools/frmConfigUtilities.h"
 #include "tools/frmDOSCommand.h"
+#include "tools/frmRunCompiler.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
-// The run dialog is the end-to-end test's; here the forms a run takes and the other dialogs.
+// A captured run in a console that closes is the end-to-end test's; here the run dialog's other
+// forms and its folder.
+TEST_F(ToolsFixture, RunDialogStartsItsFormInItsFolder) {
+    SaveSetting("Kestrum", "Compilers and Viewers", "cc", "cc -c %N");
+    OpenFile("prog.c", "int x;\n");
+    for (bool both : {true, false}) {
+        started.clear();
+        OnModal("frmRunCompiler", [&](QDialog* d) {
+            auto* run = static_cast<frmRunCompiler*>(d);
+            run->lstCompilers->setCurrentRow(0);
+            run->txtRunDir->setText(QString::fromStdString(tmp.path()));
+            run->chkCaptureOutput->setChecked(both);
+            run->chkCloseWindow->setChecked(both);
+            if (both) OnModal("frmCompilerOutput", [](QDialog* out) { out->close(); });
+            run->cmdOK->click();
+        });
+        main->mnuAdvancedRunCompiler_Click();
+        ASSERT_EQ(started.size(), 1u);
+        EXPECT_EQ(Form(started[0]), both ? "keep+capture" : "bare");
+        EXPECT_EQ(Line(started[0]), "cc -c prog.c");
+        EXPECT_EQ((started[0].dir + "/").toStdString(), tmp.path());
+    }
+}
+
+// The default compiler's forms and the other dialogs.
 TEST_F(ToolsFixture, DefaultCompilerRunsTwiceAndTheGuardNeedsAFile) {
     OpenFile("main.c", "x");
     struct Case {
