@@ -27,6 +27,8 @@ class ThreadedSend {
         return QTest::qWaitFor([this] { return Finished(); }, ms);
     }
     bool Ok() const { return ok_; }
+    // Waits, and tells whether the request was acknowledged.
+    bool Delivered() { return Wait() && Ok(); }
     QString Error() const { return Finished() ? error_ : QString(); }
 
   private:

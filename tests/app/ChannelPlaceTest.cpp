@@ -89,6 +89,8 @@ TEST(ChannelPlace, WithoutARuntimeFolderAPrivateFolderIsUsed) {
         SCOPED_TRACE(c.what);
         if (SkippedWithoutRoot(c.needsRoot, c.what)) continue;
         TempDir tmp;
+        EXPECT_TRUE(ChannelPlace::SocketPaths("", tmp.path(), "T", kUid, false).empty());
+        EXPECT_FALSE(FileExists(tmp.file(kUser))) << "the client makes no folder";
         c.prepare(tmp);
         auto made = ChannelPlace::SocketPaths("", tmp.path(), "T", kUid, true);
         auto found = ChannelPlace::SocketPaths("", tmp.path(), "T", kUid, false);
@@ -102,12 +104,6 @@ TEST(ChannelPlace, WithoutARuntimeFolderAPrivateFolderIsUsed) {
         EXPECT_EQ(ModeOf(tmp.file(c.folder)), 0700u);
         EXPECT_FALSE(FileExists(tmp.file(kUser + "-2"))) << "only the first usable one is made";
     }
-}
-
-TEST(ChannelPlace, TheClientMakesNoFolder) {
-    TempDir tmp;
-    EXPECT_TRUE(ChannelPlace::SocketPaths("", tmp.path(), "T", kUid, false).empty());
-    EXPECT_FALSE(FileExists(tmp.file(kUser)));
 }
 
 TEST(ChannelPlace, LeftoversOfOursThatAreEmptyGo) {

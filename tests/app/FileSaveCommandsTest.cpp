@@ -190,3 +190,27 @@ TEST_F(FileSaveTest, AFileAnotherProgramChangedIsOverwrittenOnlyWhenTheUserSaysS
     EXPECT_EQ(Text(d), "theirs, last");
     EXPECT_FALSE(d->Changed);
 }
+
+// A name that is not UTF-8 (Latin-1 "café") is written back under its very bytes, and the
+// recent files carry it through the settings file into the next start. The command line and
+// the request channel are checked end to end (e2e_command_line, e2e_second_instance).
+TEST_F(FileSaveTest, ANameThatIsNotUtf8KeepsItsBytes) {
+    const std::string file = tmp.write("caf\xE9.txt", "one\n");
+    dialogs.AnswerFile(FromBytes(file));
+    main->mnuFileOpen_Click();
+    EXPECT_EQ(Doc()->Caption(), QString::fromUtf8("caf\u00E9.txt"));
+    Doc()->rtfText->SetText("two\r\n");
+    main->mnuFileSave_Click();
+    EXPECT_EQ(ReadFileBytes(file), "two\n");
+    // A name re-encoded on the way would show up as a second file.
+    int files = 0;
+    for (const auto& e : std::filesystem::directory_iterator(tmp.path()))
+        files += e.is_regular_file();
+    EXPECT_EQ(files, 1);
+
+    Restart();
+    main->mnuFileRecent_Click(1);
+    Settle();
+    EXPECT_EQ(ToBytes(Doc()->Tag), file);
+    EXPECT_EQ(Text(Doc()), "two\r\n");
+}

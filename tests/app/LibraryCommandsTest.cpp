@@ -1,9 +1,7 @@
-// The roll-up panes, templates and cliptext libraries, against the test's own program folder.
+// The templates and cliptext libraries, against the test's own program folder.
 #include "app/AppTest.h"
-#include "components/FlipPane.h"
 #include "filetools/frmNewFile.h"
 
-#include <QAction>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTimer>
@@ -22,24 +20,6 @@ struct LibraryTest : FileCommandsFixture {
         main->lstClipFiles_Click();
     }
 };
-
-// The file browser's pane is remembered as the menu test checks; its title bar keeps the mark.
-TEST_F(LibraryTest, PaneStateGoesThroughTheSettings) {
-    main->mnuViewCliptext_Click();
-    EXPECT_TRUE(main->picClipParent->RolledUp());
-    EXPECT_FALSE(main->Command("mnuViewCliptext")->isChecked());
-    // A click on the browser's title rolls it up and clears its menu mark.
-    main->picBrowser->cmdMenu_Click();
-    EXPECT_FALSE(main->Command("mnuViewBrowser")->isChecked());
-    main->close();
-    main.reset();
-    EXPECT_EQ(Setting("ClipText"), "False");
-    Start();
-    EXPECT_TRUE(main->picClipParent->RolledUp());
-    main->mnuViewCliptext_Click();
-    EXPECT_FALSE(main->picClipParent->RolledUp());
-    EXPECT_TRUE(main->Command("mnuViewCliptext")->isChecked());
-}
 
 TEST_F(LibraryTest, NewDocumentFromTheTemplateList) {
     tmp.write("app/template/C program", "int main(void)\n{\n}\n");

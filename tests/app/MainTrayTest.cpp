@@ -36,24 +36,20 @@ TEST_F(MainTrayTest, TheIconIsWantedOnlyWhileSysTrayIsOne) {
     }
 }
 
-TEST_F(MainTrayTest, TheRightButtonPopsUpTheMenuWithShowKestrumAsDefault) {
+// The right button pops up the menu; a double click runs Show Kestrum, its default item.
+TEST_F(MainTrayTest, TheClicksOfTheIconAndItsMenu) {
     StartWithTray("1");
     QStringList captions;
     for (QAction* a : main->mnuHidden->actions()) captions << a->text();
     EXPECT_EQ(captions,
               QStringList({"Show Kestrum", "Close Kestrum", "Open File...", "Hex Edit File..."}));
     EXPECT_EQ(main->mnuHidden->defaultAction(), Item("mnuHiddenShowKestrum"));
-
     emit main->sysTray->activated(QSystemTrayIcon::Trigger);
     EXPECT_FALSE(main->mnuHidden->isVisible()) << "the left button opens no menu";
     emit main->sysTray->activated(QSystemTrayIcon::Context);
     EXPECT_TRUE(main->mnuHidden->isVisible());
     main->mnuHidden->close();
-}
 
-// A double click runs Show Kestrum, the menu's default item.
-TEST_F(MainTrayTest, DoubleClickRestoresTheWindow) {
-    StartWithTray("1");
     main->showMinimized();
     Settle();
     ASSERT_TRUE(main->isMinimized());
@@ -63,10 +59,7 @@ TEST_F(MainTrayTest, DoubleClickRestoresTheWindow) {
     EXPECT_FALSE(main->isMaximized()) << "restored to the normal state";
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(main->focusWidget(), main->ActiveForm()->rtfText);
-}
 
-TEST_F(MainTrayTest, CloseKestrumClosesTheProgram) {
-    StartWithTray("1");
     Item("mnuHiddenCloseKestrum")->trigger();
     Settle();
     EXPECT_FALSE(main->isVisible());

@@ -1,5 +1,6 @@
 // The local channel between instances, through real sockets in a folder of the test's own.
 #include "ChannelHelpers.h"
+#include "support/FileSizeLimit.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -9,7 +10,6 @@
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -165,23 +165,6 @@ int OpenDescriptors() {
     return int(QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size());
 }
 
-// A soft limit on descriptors for the life of the object.
-class DescriptorLimit {
-  public:
-    explicit DescriptorLimit(rlim_t soft) {
-        ::getrlimit(RLIMIT_NOFILE, &old_);
-        rlimit lowered = old_;
-        lowered.rlim_cur = soft;
-        ok_ = ::setrlimit(RLIMIT_NOFILE, &lowered) == 0;
-    }
-    ~DescriptorLimit() { ::setrlimit(RLIMIT_NOFILE, &old_); }
-    bool Ok() const { return ok_; }
-
-  private:
-    rlimit old_{};
-    bool ok_ = false;
-};
-
 // Clients that connect and send nothing until the process has no descriptor left, so that
 // the channel cannot accept them, and then go away, as a client that opens and closes
 // connections faster than they are served.
@@ -191,7 +174,7 @@ TEST_F(ChannelTest, RunningOutOfDescriptorsDoesNotEndTheChannel) {
     sockaddr_un addr{};
     addr.sun_family = AF_UNIX;
     path.copy(addr.sun_path, sizeof addr.sun_path - 1);
-    DescriptorLimit limit(rlim_t(OpenDescriptors() + 24));
+    ResourceLimit limit(RLIMIT_NOFILE, rlim_t(OpenDescriptors() + 24));
     ASSERT_TRUE(limit.Ok());
     for (int round = 0; round < 2; ++round) {
         SCOPED_TRACE(round);
@@ -239,9 +222,7 @@ TEST_F(ChannelTest, TheChannelMayBeStoppedOrReplacedInsideTheHandler) {
         EXPECT_FALSE(send.Ok());
         EXPECT_EQ(received.back(), "ABORTCMD");
     }
-    ThreadedSend send(kTitle, "MAKEFILEto the new handler");
-    ASSERT_TRUE(send.Wait());
-    EXPECT_TRUE(send.Ok());
+    EXPECT_TRUE(ThreadedSend(kTitle, "MAKEFILEto the new handler").Delivered());
     EXPECT_EQ(later, std::vector<QByteArray>({"MAKEFILEto the new handler"}));
     EXPECT_EQ(received.size(), 2u);
 }
@@ -252,13 +233,6 @@ TEST_F(ChannelTest, NobodyListeningMeansNoDelivery) {
     EXPECT_FALSE(QFile::exists(SingleInstance::ChannelName(kTitle))) << "the name is given back";
     QString error; // its words are checked with kestrum-send in e2e_second_instance
     EXPECT_FALSE(SingleInstance::SendToProcess(kTitle, "ABORTCMD", 10000, &error));
-}
-
-// A request sent from another thread is acknowledged.
-void ExpectDelivered(const QByteArray& request) {
-    ThreadedSend send(kTitle, request);
-    ASSERT_TRUE(send.Wait());
-    EXPECT_TRUE(send.Ok()) << send.Error().toStdString();
 }
 
 // A socket left by a killed editor is taken over: e2e_second_instance.
@@ -276,32 +250,20 @@ TEST(ChannelStartTest, ALiveInstanceKeepsItsName) {
 // Something other than a socket under the name: an empty folder of ours goes, anything else
 // moves the channel to another name, which the sender finds as well.
 TEST(ChannelStartTest, AThingInTheWayIsRemovedOrPassedBy) {
-    struct Case {
-        const char* what;
-        std::function<void(const QString&)> prepare;
-        bool sameName;
-    } cases[] = {
-        {"an empty folder", [](const QString& p) { QDir().mkdir(p); }, true},
-        {"a folder with a file",
-         [](const QString& p) {
-             QDir().mkdir(p);
-             QFile(p + "/keep").open(QIODevice::WriteOnly);
-         },
-         false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (bool withFile : {false, true}) {
+        SCOPED_TRACE(withFile ? "a folder with a file" : "an empty folder");
         ScopedRuntimeDir runtime;
         const QString first = SingleInstance::ChannelName(kTitle);
-        c.prepare(first);
+        QDir().mkdir(first);
+        if (withFile) QFile(first + "/keep").open(QIODevice::WriteOnly);
         QByteArray got;
         ASSERT_TRUE(SingleInstance::Listen(kTitle, [&](const QByteArray& r) { got = r; }));
-        EXPECT_EQ(SingleInstance::ChannelName(kTitle) == first, c.sameName);
+        EXPECT_EQ(SingleInstance::ChannelName(kTitle) == first, !withFile);
         EXPECT_TRUE(SingleInstance::IsRunning(kTitle));
-        ExpectDelivered("ABORTCMD");
+        EXPECT_TRUE(ThreadedSend(kTitle, "ABORTCMD").Delivered());
         EXPECT_EQ(got, "ABORTCMD");
         SingleInstance::Stop();
-        EXPECT_EQ(QFileInfo::exists(first), !c.sameName) << "what was not ours stays";
+        EXPECT_EQ(QFileInfo::exists(first), withFile) << "what was not ours stays";
     }
 }
 
@@ -318,39 +280,30 @@ TEST(ChannelStartTest, WithoutARuntimeFolderTheNameIsPrivate) {
     const QFileInfo folder(QFileInfo(SingleInstance::ChannelName(kTitle)).absolutePath());
     EXPECT_EQ(folder.absoluteFilePath(), open);
     EXPECT_EQ(folder.permissions() & 0x0077, 0) << "others may enter";
-    ExpectDelivered("ABORTCMD");
+    EXPECT_TRUE(ThreadedSend(kTitle, "ABORTCMD").Delivered());
     SingleInstance::Stop();
     qputenv("XDG_RUNTIME_DIR", oldRuntime);
     qputenv("TMPDIR", oldTmp);
 }
 
+// Names and the working folder's name need not be UTF-8: they keep their bytes.
 TEST(LoadFileRequestTest, ARelativeNameIsTakenFromTheWorkingFolder) {
-    const QByteArray here = QFile::encodeName(QDir::currentPath());
+    TempDir tmp;
+    const QByteArray here = QByteArray::fromStdString(tmp.file("d\xe9"));
+    ASSERT_EQ(::mkdir(here.constData(), 0700), 0);
+    char* old = ::getcwd(nullptr, 0);
+    ASSERT_EQ(::chdir(here.constData()), 0);
     struct Case {
         QByteArray name, request;
     } cases[] = {
-        {"", "LOADFILE"},
         {"   ", "LOADFILE   "},
         {"/abs/file.c", "LOADFILE/abs/file.c"},
-        {"file.c", "LOADFILE" + here + "/file.c"},
-        // Names that are not UTF-8 keep their bytes.
         {"caf\xe9.txt", "LOADFILE" + here + "/caf\xe9.txt"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(SingleInstance::LoadFileRequest(c.name), c.request) << c.name.toStdString();
-}
-
-// The working folder's name need not be UTF-8 either.
-TEST(LoadFileRequestTest, AWorkingFolderThatIsNotUtf8KeepsItsBytes) {
-    TempDir tmp;
-    const std::string folder = tmp.file("d\xe9");
-    ASSERT_EQ(::mkdir(folder.c_str(), 0700), 0);
-    char* old = ::getcwd(nullptr, 0);
-    ASSERT_EQ(::chdir(folder.c_str()), 0);
-    const QByteArray request = SingleInstance::LoadFileRequest("x\xe9.txt");
-    ASSERT_EQ(::chdir(old), 0);
+    EXPECT_EQ(::chdir(old), 0);
     std::free(old);
-    EXPECT_EQ(request, "LOADFILE" + QByteArray::fromStdString(folder) + "/x\xe9.txt");
 }
 
 } // namespace

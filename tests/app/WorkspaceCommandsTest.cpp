@@ -93,9 +93,6 @@ TEST_F(WorkspaceTest, RestoreClosesFirstThenOpensThePairs) {
 // names the workspace and the reason.
 TEST_F(WorkspaceTest, BadWorkspacesFromTheMenu) {
     std::string a = tmp.write("a.c", "x\n");
-    std::string bin("\x7f"
-                    "ELF\0\x01\x02\r\n\xff\xfe",
-                    11);
     struct Case {
         const char* name;
         std::string bytes;
@@ -107,7 +104,6 @@ TEST_F(WorkspaceTest, BadWorkspacesFromTheMenu) {
          "gone.c"},
         {"odd line count", Ws({{"a", a}}) + "extra\r\n", 1, "Input past end of file"},
         {"untitled entry", Ws({{"Untitled 4", ""}}), 1, "No file name"},
-        {"binary file", bin, 1, "No such file"},
         {"non-UTF-8 path", Ws({{"caf\xe9", tmp.path() + "caf\xe9.c"}}), 1, "caf"},
     };
     for (const Case& c : cases) {
@@ -139,13 +135,7 @@ TEST_F(WorkspaceTest, CommandLineKeepsTheFirstDocumentAndAlwaysSetsTheProfile) {
     EXPECT_EQ(docs[2]->Caption(), "again");
     EXPECT_TRUE(docs[1]->SyntaxLoaded()); // a profile was chosen despite AutoCode
 
-    // A bad one: the message of the command line, the documents before kept.
-    std::string bad = tmp.write("bad.KWS", Ws({{"a.c", a}}) + "odd\r\n");
-    dialogs.AnswerMsgBox(MsgResult::OK);
-    Restart(Q(bad));
-    EXPECT_EQ(OpenCount(), 2u);
-    EXPECT_TRUE(Last().text.startsWith("An error occurred while processing the file " + Q(bad) +
-                                       ", specified in the command line.\r\n"));
+    // A bad one shows its box before the main window: e2e_workspace.
     // Lower case is opened as text.
     std::string lower = tmp.write("plain.kws", Ws({{"a.c", a}}));
     Restart(Q(lower));

@@ -18,13 +18,14 @@ TEST(FlipPane, SizeLimits) {
     struct Case {
         double min, max;
         bool minAccepted;
-        double minAfter, maxAfter;
+        double minAfter, maxAfter, paneAfter;
     };
     const std::vector<Case> cases = {
-        {100, 3000, true, 400, 3000},   // raised to 400
-        {1000, 9000, true, 1000, 5000}, // maximum cut to 5000
-        {4000, 3000, false, 400, 3000}, // minimum above maximum refused
-        {3000, 3000, true, 3000, 3000},
+        {100, 3000, true, 400, 3000, 3000},   // raised to 400
+        {1000, 9000, true, 1000, 5000, 3000}, // maximum cut to 5000
+        {4000, 3000, false, 400, 3000, 3000}, // minimum above maximum refused
+        {3000, 3000, true, 3000, 3000, 3000},
+        {3600, 4000, true, 3600, 4000, 3600}, // the pane grows to the new minimum
     };
     for (const Case& c : cases) {
         Pane p;
@@ -35,15 +36,9 @@ TEST(FlipPane, SizeLimits) {
                   !c.minAccepted);
         EXPECT_EQ(p.pane.MinSize(), c.minAfter);
         EXPECT_EQ(p.pane.MaxSize(), c.maxAfter);
+        EXPECT_EQ(p.pane.PaneSize(), c.paneAfter) << c.min;
+        EXPECT_EQ(p.pane.CurrentWidth(), c.paneAfter) << c.min;
     }
-}
-
-TEST(FlipPane, NewMinimumGrowsASmallerPane) {
-    Pane p;
-    p.pane.SetPaneSize(600);
-    p.pane.SetMinSize(1500);
-    EXPECT_EQ(p.pane.PaneSize(), 1500);
-    EXPECT_EQ(p.pane.CurrentWidth(), 1500);
 }
 
 TEST(FlipPane, ClicksAndDoubleClicks) {
