@@ -69,13 +69,9 @@ TEST(DataFolders, UserFolderReadFirstAndListedWithTheShippedOne) {
     t.write("home/kestrum/PROFILES/.C.swp", "an editor's leftover");
     EXPECT_EQ(DataFolderFiles(f, "PROFILES"), (std::vector<std::string>{"ada", "C", "perl"}));
     EXPECT_TRUE(DataFolderFiles(f, "missing").empty());
-}
 
-TEST(DataFolders, UnwritableUserFolderIsReported) {
-    TempDir t;
-    t.write("file", "x");
-    DataFolders f{t.path(), t.file("file/")};
-    std::string error;
-    EXPECT_FALSE(MakeUserDataFolder(f, "PROFILES", &error));
+    // A user folder that cannot be made is reported.
+    DataFolders unwritable{t.path(), t.write("file", "x") + "/"};
+    EXPECT_FALSE(MakeUserDataFolder(unwritable, "PROFILES", &error));
     EXPECT_FALSE(error.empty());
 }

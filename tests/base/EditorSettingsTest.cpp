@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(EditorSettings, AnEmptyStoreGivesTheDefaults) {
+TEST(EditorSettings, AnEmptyStoreGivesTheDefaultsAndStoredValuesAreRead) {
     TempDir dir;
     SettingsStore store(dir.path());
     EditorSettings s; // all zero
@@ -21,19 +21,13 @@ TEST(EditorSettings, AnEmptyStoreGivesTheDefaults) {
     LoadPrintMargins(store, "Kestrum", m);
     EXPECT_FLOAT_EQ(m.Top, 1.5f);
     EXPECT_FLOAT_EQ(m.Right, 1.5f);
-}
 
-// A value that is no number keeps the field: the "nan" row below.
-TEST(EditorSettings, StoredValuesAreRead) {
-    TempDir dir;
-    SettingsStore store(dir.path());
     store.SaveSetting("Kestrum", "Settings", "WordWrap", "True"); // writer's spelling
     store.SaveSetting("Kestrum", "Settings", "Keywords1", "char\xFFint\xFF");
     store.SaveSetting("Kestrum", "Settings", "DelimiterEnd3", "\r\n");
     store.SaveSetting("Kestrum", "Settings", "DelimiterColor3", "2");
     store.SaveSetting("Kestrum", "Settings", "Case Sensitive", "-1");
     store.SaveSetting("Kestrum", "Settings", "TextColor", "255");
-    EditorSettings s = EditorSettings::Defaults();
     LoadEditorSettings(store, "Kestrum", s);
     EXPECT_TRUE(s.WordWrap);
     EXPECT_EQ(s.Keywords[1], "char\xFFint\xFF");
@@ -43,7 +37,8 @@ TEST(EditorSettings, StoredValuesAreRead) {
     EXPECT_EQ(s.TextColor, RGB(255, 0, 0));
 }
 
-// A hand-edited number is held to the range in which it means something.
+// A hand-edited number is held to the range in which it means something; a value that is no
+// number keeps the field.
 TEST(EditorSettings, NumbersOutsideTheirRangeAreHeldToIt) {
     struct Case {
         const char* text;

@@ -11,12 +11,16 @@
 
 namespace fs = std::filesystem;
 
-TEST(HelpFrameset, IsTheExactOneLinePageForTheTopic) {
+TEST(HelpFrameset, TheExactPageAndFailureText) {
     EXPECT_EQ(HelpFrameset("util_editor_options"),
               "<HTML><FRAMESET COLS=\"100%\" ROWS=\"32,*\"><FRAME NAME=\"Header\" "
               "SRC=\"header.htm\" SCROLLING=\"NO\" NORESIZE><FRAMESET COLS=\"240,*\"><FRAME "
               "NAME=\"Nav\" SRC=\"index.htm\" SCROLLING=\"AUTO\"><FRAME NAME=\"Main\" "
               "SRC=\"util_editor_options.htm\" SCROLLING=\"AUTO\"></FRAMESET></FRAMESET></HTML>");
+    EXPECT_EQ(HelpWriteFailureText("Permission denied"),
+              "Kestrum's help system was unable to generate an index file (help.htm). Please "
+              "ensure that the 'Help' subdirectory exists, and that it is not write-protected."
+              "\r\n\r\nError : Permission denied");
 }
 
 TEST(HelpFrameset, TopicTextCannotBreakTheAttribute) {
@@ -32,13 +36,6 @@ TEST(HelpFrameset, TopicTextCannotBreakTheAttribute) {
         EXPECT_NE(page.find(c.src), std::string::npos) << c.topic << ": " << page;
         EXPECT_EQ(page.find('\n'), std::string::npos);
     }
-}
-
-TEST(HelpFrameset, FailureText) {
-    EXPECT_EQ(HelpWriteFailureText("Permission denied"),
-              "Kestrum's help system was unable to generate an index file (help.htm). Please "
-              "ensure that the 'Help' subdirectory exists, and that it is not write-protected."
-              "\r\n\r\nError : Permission denied");
 }
 
 namespace {

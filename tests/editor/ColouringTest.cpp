@@ -5,6 +5,10 @@
 
 namespace {
 struct ColouringTest : AppFixture {
+    void SetUp() override {
+        AppFixture::SetUp();
+        Start();
+    }
     // The slots of a stretch as digits, one per byte.
     static std::string Slots(frmDocument* d, int64_t from, int64_t n) {
         std::string s;
@@ -15,25 +19,20 @@ struct ColouringTest : AppFixture {
 } // namespace
 
 TEST_F(ColouringTest, ActivationColoursALoadedFileByItsLanguage) {
-    Start();
     frmDocument* c = OpenFile("x.c", "int main() { /* note */ return 0; } // end\n");
     EXPECT_FALSE(c->ChangedHighLight);
     EXPECT_FALSE(c->Changed); // colouring is not an edit
     EXPECT_FALSE(c->CodingInProgress());
     std::string text = c->rtfText->Text();
     auto at = [&](const char* what) { return int64_t(text.find(what)); };
-    EXPECT_NE(Slots(c, at("int"), 3), "000");            // a keyword
-    EXPECT_EQ(Slots(c, at("main"), 4), "0000");          // not a keyword
+    EXPECT_NE(Slots(c, at("int"), 3), "000");                        // a keyword
+    EXPECT_EQ(Slots(c, at("main"), 4), "0000");                      // not a keyword
     EXPECT_EQ(Slots(c, at("/* note */"), 10), std::string(10, '4')); // comment class
     EXPECT_EQ(Slots(c, at("// end"), 6), std::string(6, '4'));
     EXPECT_FALSE(c->rtfText->isUndoAvailable());
-
-    frmDocument* t = OpenFile("notes.txt", "int main() /* not code */\n");
-    EXPECT_EQ(Slots(t, 0, 20), std::string(20, '0')); // plain text profile
 }
 
 TEST_F(ColouringTest, TypingMarksStaleAndEnterRecoloursTheLineLeft) {
-    Start();
     frmDocument* c = OpenFile("y.c", "x\n");
     c->rtfText->SetSelStart(0);
     QTest::keyClicks(c->rtfText, "return ");
@@ -45,7 +44,6 @@ TEST_F(ColouringTest, TypingMarksStaleAndEnterRecoloursTheLineLeft) {
 }
 
 TEST_F(ColouringTest, RefreshColourCodingRepaintsAndKeepsChanged) {
-    Start();
     frmDocument* c = OpenFile("z.c", "int a;\n");
     c->rtfText->PaintRange(0, 3, ColorSlot::Text);
     c->Changed = true;
@@ -59,9 +57,9 @@ TEST_F(ColouringTest, RefreshColourCodingRepaintsAndKeepsChanged) {
 }
 
 TEST_F(ColouringTest, ALongPassShowsItsProgressAndStaysResponsive) {
-    Start();
     std::string big;
-    while (big.size() < (3u << 20)) big += "for (int i = 0; i < n; i++) { /* body */ x = \"s\"; }\n";
+    while (big.size() < (3u << 20))
+        big += "for (int i = 0; i < n; i++) { /* body */ x = \"s\"; }\n";
     frmDocument* c = OpenFile("big.c", big);
     EXPECT_TRUE(c->rtfText->isVisible());
     EXPECT_TRUE(c->lblColors->text().endsWith("Keywords/Identifiers Coded...") ||
@@ -72,7 +70,6 @@ TEST_F(ColouringTest, ALongPassShowsItsProgressAndStaysResponsive) {
 }
 
 TEST_F(ColouringTest, PasteColoursThePastedStretch) {
-    Start();
     frmDocument* c = OpenFile("p.c", "\n");
     QApplication::clipboard()->setText("while (1) {}\n// done");
     c->rtfText->SetSelStart(0);

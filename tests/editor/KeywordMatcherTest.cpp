@@ -59,20 +59,6 @@ TEST(KeywordMatcher, WordScanMatchesTheAutomaton) {
     }
 }
 
-// Long enough for blocks, rounds and the second thread; a few repeated keywords among
-// ordinary words, so that whole-word finds fall on both sides of every cut.
-TEST(KeywordMatcher, LongStretchesOnTwoThreads) {
-    for (unsigned seed = 1; seed <= 2; ++seed) {
-        Random r(seed);
-        const std::string lists[3] = {r.List() + "ab" + kKeywordSeparator, r.List(), "a b\xFF"};
-        const KeywordMatcher m({lists[0], lists[1], lists[2]}, seed == 2);
-        const std::string text = r.Text(size_t(3) << 20);
-        EXPECT_EQ(Painted(m, text, KeywordMatcher::kWordScanFrom),
-                  Painted(m, text, int64_t(1) << 62))
-            << "seed " << seed;
-    }
-}
-
 // Words of 15 to 20 bytes around the 16 that a lookup key holds, once in a short list (one
 // place per word) and once among 3,000 others (too many for that: two places per word).
 TEST(KeywordMatcher, LongWordsAndLongLists) {

@@ -12,6 +12,10 @@
 
 namespace {
 struct LanguageRecognitionTest : AppFixture {
+    void SetUp() override {
+        AppFixture::SetUp();
+        Start();
+    }
     frmDocument* Named(const std::string& name) {
         frmDocument* doc = NewDocument();
         doc->Tag = QString::fromStdString(tmp.file(name));
@@ -25,7 +29,6 @@ struct LanguageRecognitionTest : AppFixture {
 // Which extension gives which profile is the resolver's, and what each profile colours the
 // golden colourings'; here the window loads what the resolver names.
 TEST_F(LanguageRecognitionTest, EachExtensionGetsItsLanguage) {
-    Start();
     frmDocument* sql = Named("x.sql");
     EXPECT_TRUE(sql->SyntaxLoaded());
     EXPECT_FALSE(List(sql).empty());
@@ -49,7 +52,6 @@ TEST_F(LanguageRecognitionTest, EachExtensionGetsItsLanguage) {
 }
 
 TEST_F(LanguageRecognitionTest, AMissingProfileIsCreatedEmptyAndAMissingFolderIsAnError) {
-    Start();
     SaveSetting("Kestrum", "Syntax Associations", "ZZ", "Made Up Profile");
     frmDocument* d = Named("a.zz");
     EXPECT_TRUE(d->SyntaxLoaded());
@@ -66,7 +68,6 @@ TEST_F(LanguageRecognitionTest, AMissingProfileIsCreatedEmptyAndAMissingFolderIs
 }
 
 TEST_F(LanguageRecognitionTest, TheProfileBoxRecoloursTheActiveDocument) {
-    Start();
     EXPECT_GE(main->cboProfiles->count(), 55);
     frmDocument* d = Named("plain.txt");
     d->rtfText->SetText("SELECT x FROM t");
@@ -77,7 +78,6 @@ TEST_F(LanguageRecognitionTest, TheProfileBoxRecoloursTheActiveDocument) {
 }
 
 TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
-    Start();
     frmConfigAssocProfile dlg;
     int rows = dlg.lstUtilities->count();
     EXPECT_EQ(dlg.lstUtilities->item(0)->text(), "ASP\t\tASP Default Profile");
@@ -105,28 +105,23 @@ TEST_F(LanguageRecognitionTest, TheAssociationDialogsEditTheTable) {
 }
 
 TEST_F(LanguageRecognitionTest, HelpThatCannotBeWrittenSaysSo) {
-    Start();
-    SetHelpOpenerForTesting([](const QString&) {
-        ADD_FAILURE() << "browser opened";
-        return true;
-    });
-    dialogs.AnswerMsgBox(MsgResult::OK);
-    main->Command("mnuHelpContents")->trigger(); // no Help folder in this program folder
-    ASSERT_EQ(dialogs.asked.size(), 1u);
-    EXPECT_EQ(dialogs.asked[0].caption, "Kestrum Help SubSystem");
-
-    // Written, but no browser to show it: told in the same box.
-    std::filesystem::create_directories(tmp.path() + "app/Help");
-    SetHelpOpenerForTesting([](const QString&) { return false; });
-    dialogs.AnswerMsgBox(MsgResult::OK);
-    main->Command("mnuHelpContents")->trigger();
-    ASSERT_EQ(dialogs.asked.size(), 2u);
-    EXPECT_EQ(dialogs.asked[1].caption, "Kestrum Help SubSystem");
+    // No Help folder in this program folder, then one but no browser to show the page: both
+    // are told in the same box, and the browser is not opened without a page.
+    for (bool folder : {false, true}) {
+        if (folder) std::filesystem::create_directories(tmp.path() + "app/Help");
+        SetHelpOpenerForTesting([folder](const QString&) {
+            EXPECT_TRUE(folder) << "browser opened";
+            return false;
+        });
+        dialogs.AnswerMsgBox(MsgResult::OK);
+        main->Command("mnuHelpContents")->trigger();
+        ASSERT_EQ(dialogs.asked.size(), folder ? 2u : 1u);
+        EXPECT_EQ(dialogs.asked.back().caption, "Kestrum Help SubSystem");
+    }
     EXPECT_TRUE(dialogs.asked[1].text.contains("\r\n\r\nError : no program to show web pages"));
 }
 
 TEST_F(LanguageRecognitionTest, SavingAProfileAsksForANameAndBeforeOverwriting) {
-    Start();
     EditorSettings record = NewProfileRecord({"alpha\xFF", "", ""}, {}, true, false);
     dialogs.AnswerInput("");
     EXPECT_FALSE(SaveProfileAs(record)); // Cancel
