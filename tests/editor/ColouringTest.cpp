@@ -32,12 +32,15 @@ TEST_F(ColouringTest, ActivationColoursALoadedFileByItsLanguage) {
     EXPECT_FALSE(c->rtfText->isUndoAvailable());
 }
 
-TEST_F(ColouringTest, TypingMarksStaleAndEnterRecoloursTheLineLeft) {
+TEST_F(ColouringTest, TypingMarksStaleAndEnterOrUpRecoloursTheLine) {
     frmDocument* c = OpenFile("y.c", "x\n");
     c->rtfText->SetSelStart(0);
     QTest::keyClicks(c->rtfText, "return ");
     EXPECT_TRUE(c->ChangedHighLight);
     EXPECT_EQ(Slots(c, 0, 6), "000000"); // typing paints nothing
+    QTest::keyClick(c->rtfText, Qt::Key_Up);
+    EXPECT_NE(Slots(c, 0, 6), "000000");
+    c->rtfText->PaintRange(0, 6, ColorSlot::Text);
     QTest::keyClick(c->rtfText, Qt::Key_Return);
     EXPECT_NE(Slots(c, 0, 6), "000000");
     EXPECT_TRUE(c->Changed);

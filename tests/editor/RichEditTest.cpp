@@ -18,23 +18,10 @@ void TypeUnicode(QWidget* w, const QString& text) {
     }
 }
 
-struct Recorder : RichEditEvents {
-    std::vector<int> keyDowns, keyPresses, keyUps;
-    int swallow = 0; // character to swallow in KeyPress
-    void rtfText_KeyDown(int& k, int&) override { keyDowns.push_back(k); }
-    void rtfText_KeyPress(int& c) override {
-        keyPresses.push_back(c);
-        if (c == swallow) c = 0;
-    }
-    void rtfText_KeyUp(int& k, int&) override { keyUps.push_back(k); }
-};
-
 struct RichEditTest : ::testing::Test {
     TempDir dir;
     RichEdit edit;
-    Recorder rec;
     RichEditTest() {
-        edit.SetEvents(&rec);
         edit.resize(400, 300);
         edit.show();
     }
@@ -109,20 +96,6 @@ TEST_F(RichEditTest, ALatin1DocumentRefusesCharactersItCannotHold) {
     EXPECT_EQ(edit.Text(), "caf\xE9");
     TypeUnicode(&edit, QString::fromUtf8("ü"));
     EXPECT_EQ(edit.Text(), "caf\xE9\xFC"); // Latin-1 can hold this one
-}
-
-TEST_F(RichEditTest, KeysReachTheHandlersAndZeroSwallows) {
-    edit.SetText("");
-    rec.swallow = 'x';
-    QTest::keyClicks(&edit, "axb");
-    QTest::keyClick(&edit, Qt::Key_Return);
-    EXPECT_EQ(edit.Text(), "ab\r\n"); // typed Enter inserts CR LF
-    EXPECT_EQ(rec.keyPresses, (std::vector<int>{'a', 'x', 'b', 13}));
-    EXPECT_EQ(rec.keyDowns, (std::vector<int>{65, 88, 66, 13}));
-    EXPECT_EQ(rec.keyUps, (std::vector<int>{65, 88, 66, 13}));
-    QTest::keyClick(&edit, Qt::Key_Up);
-    EXPECT_EQ(rec.keyDowns.back(), 38);
-    EXPECT_EQ(rec.keyPresses.size(), 4u); // arrows type nothing
 }
 
 TEST_F(RichEditTest, SpanSelectsAWordAndSelectedTextIsReplaced) {
