@@ -30,8 +30,7 @@ TEST(HelpFrameset, TopicTextCannotBreakTheAttribute) {
     };
     for (auto c : std::vector<Case>{{"", "SRC=\".htm\""},
                                     {"a\"b", "SRC=\"a&quot;b.htm\""},
-                                    {"x&y", "SRC=\"x&amp;y.htm\""},
-                                    {"sub/page", "SRC=\"sub/page.htm\""}}) {
+                                    {"x&y", "SRC=\"x&amp;y.htm\""}}) {
         std::string page = HelpFrameset(c.topic);
         EXPECT_NE(page.find(c.src), std::string::npos) << c.topic << ": " << page;
         EXPECT_EQ(page.find('\n'), std::string::npos);
