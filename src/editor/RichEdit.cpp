@@ -25,6 +25,8 @@ RichEdit::RichEdit(QWidget* parent) : QsciScintilla(parent) {
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int pos, int type, const char*, int length, int, int, int, int, int, int) {
                 if (!(type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE))) return;
+                ApplyInheritedSlot(); // the insertion before this one is in place by now
+                NoteInheritedSlot(type, pos, length);
                 MoveDeferredStyles(type, pos, length);
                 emit textChanged();
             });

@@ -176,6 +176,11 @@ class RichEdit : public QsciScintilla {
     // moves the store with an insertion or deletion that is about to happen.
     void StyleNeeded(int64_t pos);
     void MoveDeferredStyles(int modificationType, int64_t pos, int64_t length);
+    // Inserted text takes the colour at the caret: notes the slot before an insertion or
+    // deletion happens, and paints it once the inserted text is in place.
+    void NoteInheritedSlot(int modificationType, int64_t pos, int64_t length);
+    void ApplyInheritedSlot() const;
+    ColorSlot StoredSlotAt(int64_t pos) const;
     void DropDeferredStyles() { deferred_ = {}; }
     // Keeps the control's end of styled text at or before the store, so that it asks.
     void KeepStoreUnstyled() const;
@@ -194,6 +199,15 @@ class RichEdit : public QsciScintilla {
     };
     // Flushing changes what the control holds, not what it reports: readers stay const.
     mutable DeferredStyles deferred_;
+    // The last insertion, still to be painted in the slot it inherits (length 0: none), and
+    // the first slot of the last deletion, which the text replacing it takes.
+    struct Inherited {
+        int64_t start = 0, length = 0;
+        ColorSlot slot = ColorSlot::Text;
+    };
+    mutable Inherited inherited_;
+    int64_t deletedAt_ = -1;
+    ColorSlot deletedSlot_ = ColorSlot::Text;
 
     RichEditEvents* events_ = nullptr;
     std::array<QColor, kColorSlotCount> slotColors_{};

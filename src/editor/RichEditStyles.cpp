@@ -4,8 +4,8 @@
 // The control has no lexer: before it shows or measures text behind its end of styled text
 // it raises SCN_STYLENEEDED. The store's positions are always at or behind that end, so the
 // control asks before it shows any of them. Text outside the store holds its colours in the
-// control already (typed text gets slot 0 from the control, paints outside the store go
-// straight in), so the end may pass over it freely.
+// control already (paints outside the store go straight in, inserted text is painted in the
+// slot it inherits), so the end may pass over it freely.
 #include "editor/RichEdit.h"
 
 #include <algorithm>
@@ -22,6 +22,7 @@ constexpr int64_t kFlushChunk = 64 << 10;
 // bring older colours back; the others get them in the control, through toControl(pos, n).
 template <typename C, typename S>
 void RichEdit::PaintAround(int64_t start, int64_t length, C&& toControl, S&& toStore) {
+    ApplyInheritedSlot(); // first, so that it cannot cover the new colours
     const int64_t end = start + length;
     const DeferredStyles& d = deferred_;
     int64_t in = d.Empty() ? end : std::clamp(d.start, start, end);
@@ -61,6 +62,7 @@ void RichEdit::PaintStyles(int64_t start, std::string_view styleBytes) {
 }
 
 void RichEdit::DeferStyles(int64_t start, std::vector<uint8_t> styleBytes) {
+    ApplyInheritedSlot();
     int64_t n = TextLength();
     if (start < 0 || start >= n || styleBytes.empty()) return;
     if (int64_t(styleBytes.size()) > n - start) styleBytes.resize(size_t(n - start));
@@ -105,6 +107,7 @@ void RichEdit::KeepStoreUnstyled() const {
 }
 
 void RichEdit::StyleNeeded(int64_t pos) {
+    ApplyInheritedSlot();
     FlushDeferredStyles(pos);
     // Nothing before the store (or, without one, anywhere) needs styling: the control need
     // not ask again until an edit or a new store sets its end back.
@@ -129,13 +132,63 @@ void RichEdit::MoveDeferredStyles(int modificationType, int64_t pos, int64_t len
     if (deferred_.Empty()) DropDeferredStyles();
 }
 
+// Inserted text takes the colour at the caret, as typing into coloured text does: the slot
+// of the character before it, or at a line's start that of the character after it (a comment
+// running to the line end does not spill into the next line); text that replaces a deletion
+// takes the deleted text's first slot. A whole new text is plain.
+void RichEdit::NoteInheritedSlot(int modificationType, int64_t pos, int64_t length) {
+    if (modificationType & SC_MOD_BEFOREDELETE) {
+        deletedAt_ = pos;
+        deletedSlot_ = StoredSlotAt(pos);
+        return;
+    }
+    auto inherited = [&] {
+        const int64_t n = TextLength();
+        auto lineEnd = [](long c) { return c == '\r' || c == '\n'; };
+        if (n == 0) return ColorSlot::Text;
+        if (deletedAt_ == pos) return deletedSlot_;
+        if (pos > 0 && !lineEnd(Sci(SCI_GETCHARAT, pos - 1))) return StoredSlotAt(pos - 1);
+        if (pos < n && !lineEnd(Sci(SCI_GETCHARAT, pos))) return StoredSlotAt(pos);
+        return ColorSlot::Text;
+    };
+    const ColorSlot slot = inherited();
+    deletedAt_ = -1;
+    // The control gives new text the plain slot itself.
+    if (slot != ColorSlot::Text && length > 0) inherited_ = {pos, length, slot};
+}
+
+// Paints the last insertion in its inherited slot. It runs before anything else reads or
+// paints colours, and before the next edit, so the positions are still the insertion's;
+// the store was moved behind the insertion when it was made.
+void RichEdit::ApplyInheritedSlot() const {
+    if (inherited_.length == 0) return;
+    const Inherited in = inherited_;
+    inherited_ = {};
+    const int64_t length = std::min(in.length, TextLength() - in.start);
+    if (length <= 0) return;
+    Sci(SCI_STARTSTYLING, in.start, 0);
+    Sci(SCI_SETSTYLING, length, long(in.slot));
+    KeepStoreUnstyled();
+}
+
+// The slot of a position, from the store where it holds it.
+ColorSlot RichEdit::StoredSlotAt(int64_t pos) const {
+    const DeferredStyles& d = deferred_;
+    const long s = !d.Empty() && pos >= d.start && pos < d.End()
+                       ? long(d.bytes[d.offset + size_t(pos - d.start)])
+                       : Sci(SCI_GETSTYLEAT, pos);
+    return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
+}
+
 ColorSlot RichEdit::SlotAt(int64_t pos) const {
+    ApplyInheritedSlot();
     FlushDeferredStyles(std::max<int64_t>(pos + 1, 0));
     long s = Sci(SCI_GETSTYLEAT, pos);
     return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
 }
 
 std::string RichEdit::Styles(int64_t start, int64_t length) const {
+    ApplyInheritedSlot();
     int64_t n = TextLength();
     start = std::clamp<int64_t>(start, 0, n);
     length = std::clamp<int64_t>(length, 0, n - start);

@@ -92,11 +92,10 @@ void ChangeSelectionCase(frmDocument& doc, CaseChange how) {
     const int64_t s = e->SelStart();
     std::string changed = ChangeCase(e->TextView().substr(size_t(s), size_t(e->SelLength())), how,
                                      e->IsUtf8Document());
-    {
-        UndoGroup group(*e);
-        e->SetSelText(changed);
-    }
-    Recolour(doc, s, s + int64_t(changed.size()));
+    // The new text keeps the colour of the text it replaces; the document's colours count
+    // as stale until its next colouring.
+    UndoGroup group(*e);
+    e->SetSelText(changed);
 }
 
 void AssignText(frmDocument& doc, std::string_view text) {

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <cstring>
 #include <gtest/gtest.h>
 
 namespace {
@@ -96,6 +97,44 @@ TEST_F(RichEditTest, ALatin1DocumentRefusesCharactersItCannotHold) {
     EXPECT_EQ(edit.Text(), "caf\xE9");
     TypeUnicode(&edit, QString::fromUtf8("ü"));
     EXPECT_EQ(edit.Text(), "caf\xE9\xFC"); // Latin-1 can hold this one
+}
+
+// Inserted text shows in the colour at the caret until it is recoloured: the colour before
+// it, at a line's start the colour after it, for a replaced selection that of its first
+// character; a whole new text is plain.
+TEST_F(RichEditTest, InsertedTextTakesTheColourAtTheCaret) {
+    const std::string text = "int a; // note\r\nb\r\n";
+    std::string colours = std::string(3, '\1') + std::string(4, '\0') + std::string(9, '\4');
+    colours.resize(text.size(), '\0');
+    struct Case {
+        int64_t at, selected;
+        const char* typed;
+        bool stored; // the colours still held back in the store
+        ColorSlot want;
+    } cases[] = {
+        {12, 0, "X", false, ColorSlot::Comment},    // inside a comment
+        {12, 0, "X", true, ColorSlot::Comment},     // the same, its colours not written yet
+        {3, 0, "x", false, ColorSlot::Keywords0},   // behind a keyword
+        {16, 0, "y", true, ColorSlot::Text},        // the line after the comment's line end
+        {10, 4, "NOTE", false, ColorSlot::Comment}, // a selection replaced
+    };
+    for (const Case& c : cases) {
+        edit.SetText(text);
+        EXPECT_EQ(edit.Styles(0, edit.TextLength()), std::string(text.size(), '\0'));
+        if (c.stored)
+            edit.DeferStyles(0, std::vector<uint8_t>(colours.begin(), colours.end()));
+        else
+            edit.PaintStyles(0, colours);
+        edit.SetSelStart(c.at);
+        edit.SetSelLength(c.selected);
+        if (c.selected)
+            edit.SetSelText(c.typed);
+        else
+            QTest::keyClicks(&edit, c.typed);
+        const int64_t n = int64_t(std::strlen(c.typed));
+        for (int64_t i = c.at; i < c.at + n; ++i) EXPECT_EQ(edit.SlotAt(i), c.want) << c.at;
+        EXPECT_EQ(edit.SlotAt(c.at + n), ColorSlot(colours[size_t(c.at + c.selected)])) << c.at;
+    }
 }
 
 TEST_F(RichEditTest, SpanSelectsAWordAndSelectedTextIsReplaced) {
