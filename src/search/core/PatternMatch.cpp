@@ -53,15 +53,15 @@ std::optional<std::vector<Element>> Compile(std::string_view expr) {
 
 enum class Outcome { Match, NoMatch, NeverAfter };
 
-// Matches the elements against text from its start. With prefix, a match may stop before the
-// text ends (the expression behaves as if it ended in '*'). A failure once a '*' has been
+// Matches the elements against text from its start. A match may stop before the text ends
+// (the expression behaves as if it ended in '*'). A failure once a '*' has been
 // passed means that the rest cannot be placed in any later part of the text either, so no
 // later start can match: NeverAfter.
-Outcome MatchAt(std::string_view text, const std::vector<Element>& p, bool prefix) {
+Outcome MatchAt(std::string_view text, const std::vector<Element>& p) {
     size_t i = 0, j = 0;
     size_t starJ = SIZE_MAX, starI = 0;
     for (;;) {
-        if (j == p.size() && (prefix || i == text.size())) return Outcome::Match;
+        if (j == p.size()) return Outcome::Match;
         if (j < p.size() && p[j].kind == Element::Star) {
             starJ = j++;
             starI = i;
@@ -94,7 +94,7 @@ int64_t FindPatternPos(int64_t start, std::string_view text, std::string_view ex
         const void* hit = std::memchr(text.data() + from, first, text.size() - from);
         if (!hit) return 0;
         size_t at = size_t(static_cast<const char*>(hit) - text.data());
-        switch (MatchAt(text.substr(at), *compiled, true)) {
+        switch (MatchAt(text.substr(at), *compiled)) {
         case Outcome::Match:
             return int64_t(at) + 1;
         case Outcome::NeverAfter:
@@ -105,9 +105,4 @@ int64_t FindPatternPos(int64_t start, std::string_view text, std::string_view ex
         from = at + 1;
     }
     return 0;
-}
-
-bool LikeMatch(std::string_view text, std::string_view expression) {
-    auto compiled = Compile(expression);
-    return compiled && MatchAt(text, *compiled, false) == Outcome::Match;
 }

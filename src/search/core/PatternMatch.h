@@ -9,6 +9,3 @@
 // the end of the text), 0 for none, -1 when the expression's first character is neither a
 // digit nor in the byte range 'A'..'z'. An unclosed '[' makes the expression match nothing.
 int64_t FindPatternPos(int64_t start, std::string_view text, std::string_view expression);
-
-// Whether the whole of text matches expression.
-bool LikeMatch(std::string_view text, std::string_view expression);
