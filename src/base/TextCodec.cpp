@@ -1,5 +1,7 @@
 #include "base/TextCodec.h"
 
+#include "base/Utf8.h"
+
 #include <algorithm>
 
 #include <cstdint>
@@ -58,29 +60,13 @@ bool IsValidUtf8(std::string_view b) {
             i += 8;
         }
         if (i >= n) break;
-        unsigned char c = s[i];
-        if (c < 0x80) {
+        if (s[i] < 0x80) {
             ++i;
             continue;
         }
-        int len;
-        uint32_t cp;
-        if (c >= 0xC2 && c <= 0xDF)
-            len = 2, cp = c & 0x1F;
-        else if (c >= 0xE0 && c <= 0xEF)
-            len = 3, cp = c & 0x0F;
-        else if (c >= 0xF0 && c <= 0xF4)
-            len = 4, cp = c & 0x07;
-        else
-            return false;
-        if (i + len > n) return false;
-        for (int k = 1; k < len; ++k) {
-            if ((s[i + k] & 0xC0) != 0x80) return false;
-            cp = (cp << 6) | (s[i + k] & 0x3F);
-        }
-        if ((len == 3 && cp < 0x800) || (len == 4 && cp < 0x10000) || cp > 0x10FFFF ||
-            (cp >= 0xD800 && cp <= 0xDFFF))
-            return false;
+        char32_t cp;
+        const size_t len = Utf8SequenceAt(b, i, cp);
+        if (len == 0) return false;
         i += len;
     }
     return true;

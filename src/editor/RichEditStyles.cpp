@@ -183,8 +183,7 @@ ColorSlot RichEdit::StoredSlotAt(int64_t pos) const {
 ColorSlot RichEdit::SlotAt(int64_t pos) const {
     ApplyInheritedSlot();
     FlushDeferredStyles(std::max<int64_t>(pos + 1, 0));
-    long s = Sci(SCI_GETSTYLEAT, pos);
-    return s >= 0 && s < kColorSlotCount ? ColorSlot(s) : ColorSlot::Text;
+    return StoredSlotAt(pos); // written into the control by now
 }
 
 std::string RichEdit::Styles(int64_t start, int64_t length) const {

@@ -54,9 +54,9 @@ std::optional<std::vector<Element>> Compile(std::string_view expr) {
 enum class Outcome { Match, NoMatch, NeverAfter };
 
 // Matches the elements against text from its start. A match may stop before the text ends
-// (the expression behaves as if it ended in '*'). A failure once a '*' has been
-// passed means that the rest cannot be placed in any later part of the text either, so no
-// later start can match: NeverAfter.
+// (the expression behaves as if it ended in '*'). A failure once a '*' has been passed means
+// that the rest cannot be placed in any later part of the text either, so no later start can
+// match: NeverAfter.
 Outcome MatchAt(std::string_view text, const std::vector<Element>& p) {
     size_t i = 0, j = 0;
     size_t starJ = SIZE_MAX, starI = 0;
