@@ -21,7 +21,6 @@ TEST_F(DesktopWindows, TipsFromTheUsersFileFirstThenTheShippedOne) {
         const char* user;
         QStringList shown; // on opening, then after each Next
     } cases[] = {
-        {"shipped only", "first\nsecond\n", nullptr, {"first", "second", "first"}},
         {"user's shadows shipped", "first\n", "mine\r\nalso mine", {"mine", "also mine", "mine"}},
         {"no file", nullptr, nullptr, {"That the Kestrum.dat file was not found? "}},
     };

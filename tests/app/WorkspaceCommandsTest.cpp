@@ -77,7 +77,6 @@ TEST_F(WorkspaceTest, RestoreClosesFirstThenOpensThePairs) {
     EXPECT_FALSE(docs[1]->Changed);
     EXPECT_FALSE(docs[0]->SyntaxLoaded());       // AutoCode off
     EXPECT_TRUE(main->RecentFiles[1].isEmpty()); // no recent files
-    EXPECT_FALSE(FileExists(tmp.file("a.BAK")));
 
     // No keeps everything; Cancel of the dialog leaves an empty window.
     dialogs.AnswerMsgBox(MsgResult::No);
@@ -104,7 +103,6 @@ TEST_F(WorkspaceTest, BadWorkspacesFromTheMenu) {
          "gone.c"},
         {"odd line count", Ws({{"a", a}}) + "extra\r\n", 1, "Input past end of file"},
         {"untitled entry", Ws({{"Untitled 4", ""}}), 1, "No file name"},
-        {"non-UTF-8 path", Ws({{"caf\xe9", tmp.path() + "caf\xe9.c"}}), 1, "caf"},
     };
     for (const Case& c : cases) {
         std::string ws = tmp.write("bad.kws", c.bytes);
@@ -134,11 +132,6 @@ TEST_F(WorkspaceTest, CommandLineKeepsTheFirstDocumentAndAlwaysSetsTheProfile) {
     EXPECT_EQ(docs[0]->Caption(), "Untitled 1");
     EXPECT_EQ(docs[2]->Caption(), "again");
     EXPECT_TRUE(docs[1]->SyntaxLoaded()); // a profile was chosen despite AutoCode
-
-    // A bad one shows its box before the main window: e2e_workspace.
-    // Lower case is opened as text.
-    std::string lower = tmp.write("plain.kws", Ws({{"a.c", a}}));
-    Restart(Q(lower));
-    ASSERT_EQ(OpenCount(), 1u);
-    EXPECT_EQ(Doc()->Caption(), "plain.kws");
+    // A bad one shows its box before the main window: e2e_workspace. Which names are
+    // workspaces is WorkspaceFile's test.
 }

@@ -33,7 +33,6 @@ TEST(WorkspaceFile, ReadsOddShapes) {
         {"no line end after the last path", "a\r\n/a", {{"a", "/a"}}, false},
         {"CR-only line ends", "a\r/a\rb\r/b\r", {{"a", "/a"}, {"b", "/b"}}, false},
         {"blank lines are pairs too", "\r\n\r\n", {{"", ""}}, false},
-        {"a trailing blank line is read as a caption", "a\r\n/a\r\n\r\n", {{"a", "/a"}}, true},
         {"binary bytes pass through",
          std::string("\0\x01\r\n\xff", 5),
          {{std::string("\0\x01", 2), "\xff"}},

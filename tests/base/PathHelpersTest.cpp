@@ -3,14 +3,14 @@
 #include <gtest/gtest.h>
 
 TEST(PathHelpers, StripQuotes) {
-    struct Case { const char* in; const char* out; };
-    for (auto c : std::vector<Case>{{"\"/a b/c.txt\"", "/a b/c.txt"},
-                                    {"  \"/x.c\"  ", "/x.c"},
-                                    {"\"/x.c", "/x."},   // last character goes, whatever it is
-                                    {"/x.c  ", "/x.c  "}, // no quote: untrimmed
-                                    {"\"", ""},
-                                    {"", ""}})
-        EXPECT_EQ(StripQuotes(c.in), c.out) << c.in;
+    for (auto [in, out] : std::vector<std::pair<const char*, const char*>>{
+             {"\"/a b/c.txt\"", "/a b/c.txt"},
+             {"  \"/x.c\"  ", "/x.c"},
+             {"\"/x.c", "/x."},    // last character goes, whatever it is
+             {"/x.c  ", "/x.c  "}, // no quote: untrimmed
+             {"\"", ""},
+             {"", ""}})
+        EXPECT_EQ(StripQuotes(in), out) << in;
 }
 
 TEST(PathHelpers, NamesAndFolders) {
@@ -21,6 +21,7 @@ TEST(PathHelpers, NamesAndFolders) {
     EXPECT_EQ(PathOf("a.txt"), "");
     EXPECT_EQ(StripExtension("/home/u/a.tar.gz"), "/home/u/a.tar");
     EXPECT_EQ(StripExtension("/home/u/README"), "");
+    EXPECT_EQ(StripExtension("/home/u/dir.d/noext"), "/home/u/dir"); // the last dot of all
     EXPECT_EQ(AppDirFrom("/opt/kestrum"), "/opt/kestrum/");
     EXPECT_EQ(AppDirFrom("/opt/kestrum/"), "/opt/kestrum/");
     EXPECT_EQ(AppDirFrom("/"), "/");
