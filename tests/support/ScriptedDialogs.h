@@ -21,17 +21,12 @@ class ScriptedDialogs : public cDialogs {
         FileDialogOptions file;
     };
 
-    ScriptedDialogs();
-    ~ScriptedDialogs() override;
+    ScriptedDialogs() { cDialogs::Install(this); }
+    ~ScriptedDialogs() override { cDialogs::Install(nullptr); }
 
     ScriptedDialogs& AnswerMsgBox(MsgResult r) { return Push(Answer("MsgBox", r)); }
     ScriptedDialogs& AnswerFile(std::optional<QString> path) { return Push(Answer("File", path)); }
     ScriptedDialogs& AnswerInput(const QString& text) { return Push(Answer("Input", text)); }
-    ScriptedDialogs& AnswerFont(std::optional<QFont> font) {
-        Answer a("Font");
-        a.font = std::move(font);
-        return Push(std::move(a));
-    }
     ScriptedDialogs& AnswerColor(std::optional<QColor> color) {
         Answer a("Color");
         a.color = color;
@@ -62,7 +57,6 @@ class ScriptedDialogs : public cDialogs {
         QString kind;
         MsgResult msg = MsgResult::Cancel;
         std::optional<QString> path;
-        std::optional<QFont> font;
         std::optional<QColor> color;
         bool ok = false;
     };

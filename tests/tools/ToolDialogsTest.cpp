@@ -200,7 +200,6 @@ TEST_F(ToolsFixture, OutputWindowMarksLinkLinesAcrossSlices) {
          {true, false, false, true}},
         {"CR LF line ends", "x\r\nsrc/m.c:12:4: error\r\n", 3, {false, true}},
         {"CR and LF in two slices", "x\r\nsrc/m.c:12:4: error\r\n", 23, {false, true}},
-        {"numbers are no file", "12:3: x\nmake: a.c:4: x\n", 64, {false, true}},
         {"a line not yet ended is not marked", "ok\nc.c:2: late", 4, {false, false}},
         {"a long line found by its beginning", "a.c:1: " + longTail + "\n", 1000, {true}},
         {"a location past the searched beginning", longTail + " a.c:1:\n", 1000, {false}},

@@ -1,18 +1,13 @@
 #include "transforms/core/HtmlFormat.h"
 
-#include <gtest/gtest.h>
+#include "support/TempDir.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <gtest/gtest.h>
 
 namespace {
 std::string ReadData(const std::string& name) {
-    std::ifstream in(std::string(std::getenv("KESTRUM_TEST_DATA")) + "/html/" + name,
-                     std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return ReadFileBytes(std::string(std::getenv("KESTRUM_TEST_DATA")) + "/html/" + name);
 }
 } // namespace
 

@@ -1,4 +1,4 @@
-#include "support/AppFixture.h"
+#include "app/AppTest.h"
 #include "transforms/TransformCommands.h"
 #include "transforms/frmHTMLTags.h"
 #include "transforms/frmSpacestoTabs.h"
@@ -12,18 +12,7 @@
 namespace TC = TransformCommands;
 
 namespace {
-struct TransformDialogsTest : AppFixture {
-    void SetUp() override {
-        AppFixture::SetUp();
-        Start();
-    }
-    void Run(const char* name) {
-        main->Command(name)->trigger();
-        Settle();
-    }
-    frmDocument& Doc() { return *main->ActiveForm(); }
-    RichEdit* Edit() { return main->ActiveForm()->rtfText; }
-};
+using TransformDialogsTest = FileCommandsFixture;
 
 // Answers a tab dialog: checks what it shows, types into the box and presses a button.
 template <class Dialog> TC::DialogRunner Answer(QString* shown, const QString& typed, bool ok) {
@@ -56,8 +45,8 @@ TEST_F(TransformDialogsTest, TabDialogsReadTheirBoxAndKeepTheTextOnCancel) {
         Edit()->SetSelStart(2);
         QString shown;
         bool done = c.toSpaces
-                        ? TC::TabsToSpaces(Doc(), Answer<frmTabsToSpaces>(&shown, c.typed, c.ok))
-                        : TC::SpacesToTabs(Doc(), Answer<frmSpacestoTabs>(&shown, c.typed, c.ok));
+                        ? TC::TabsToSpaces(*Doc(), Answer<frmTabsToSpaces>(&shown, c.typed, c.ok))
+                        : TC::SpacesToTabs(*Doc(), Answer<frmSpacestoTabs>(&shown, c.typed, c.ok));
         EXPECT_EQ(done, c.ok) << c.text;
         EXPECT_EQ(shown, c.shown);
         EXPECT_EQ(Edit()->Text(), c.want) << c.text;
@@ -88,8 +77,8 @@ TEST_F(TransformDialogsTest, TagPickerWrapsTheSelectionAndKeepsItsPlace) {
     pick("<BR>");
     EXPECT_EQ(Edit()->SelText(), "<BR>abc");
 
-    Doc().Changed = false;
-    Doc().CloseWith(frmDocument::vbFormCode);
+    Doc()->Changed = false;
+    Doc()->CloseWith(frmDocument::vbFormCode);
     Settle();
     pick("<HR>"); // no document: nothing happens, the window stays
     EXPECT_TRUE(tags->isVisible());
@@ -108,7 +97,7 @@ TEST_F(TransformDialogsTest, SpecialCharactersGoInAtOneGoInTheDocumentsBytes) {
         Edit()->SetText("ab");
         Edit()->SetSelStart(1);
         Edit()->SetSelLength(1);
-        frmSpecialChar dialog(Doc());
+        frmSpecialChar dialog(*Doc());
         ASSERT_EQ(dialog.lstChars->count(), 96);
         dialog.cmdAdd->click(); // no row chosen: nothing
         dialog.lstChars->setCurrentRow(233 - 160);
