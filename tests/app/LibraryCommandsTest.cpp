@@ -93,9 +93,8 @@ TEST_F(LibraryTest, SnippetsInsertAtTheCaretAndFeedCompletion) {
         std::string result;
     };
     const std::vector<Case> cases = {
-        {1, "<if (a) {\r\n}>"},
-        {0, "<printf(\"%d\r\n\", x);>"},
-        {-1, "<>"}, // nothing selected: nothing inserted
+        {1, "<if (a) {\r\n}>"}, // the row behind a left-out blank line
+        {-1, "<>"},             // nothing selected: nothing inserted
     };
     for (const Case& c : cases) {
         Doc()->rtfText->SetText("<>");

@@ -85,8 +85,7 @@ TEST_F(MenuCommandsTest, RecentFilesCycleFiveSlots) {
     EXPECT_EQ(RecentCaptions(), (QStringList{"/f5", "/f4", "/f3", "/f2", "/f1"}));
     main->CycleRecentFiles("/f6");
     EXPECT_EQ(RecentCaptions(), (QStringList{"/f6", "/f5", "/f4", "/f3", "/f2"}));
-    main->CycleRecentFiles("/f6"); // each path stands once
-    EXPECT_EQ(RecentCaptions(), (QStringList{"/f6", "/f5", "/f4", "/f3", "/f2"}));
+    main->CycleRecentFiles("/f6"); // each path stands once: what follows shows it
     main->CycleRecentFiles("/f3"); // moves up; those above it close up behind
     EXPECT_EQ(RecentCaptions(), (QStringList{"/f3", "/f6", "/f5", "/f4", "/f2"}));
     // An empty slot keeps its item as it was and empties its caption.

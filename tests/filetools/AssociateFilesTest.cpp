@@ -86,7 +86,6 @@ TEST_F(AssociateFiles, WrittenAndReadBack) {
     EXPECT_NE(Entry().find("\nMimeType=text/x-csrc;text/x-kestrum-kws;text/x-pascal;\n"),
               std::string::npos)
         << Entry();
-    EXPECT_NE(MimeApps().find("text/x-kestrum-kws=Kestrum.Document.desktop\n"), std::string::npos);
 
     if (!validator_.isEmpty()) {
         QProcess v;
