@@ -7,9 +7,8 @@
 #include <utility>
 #include <vector>
 
-// The flag states by name: "running" is CodingInProgress, "stale" ChangedHighLight.
-constexpr PaintFlags kClean{false, false}, kStale{false, true}, kRunningClean{true, false},
-    kRunningStale{true, true};
+// Colours out of date and no pass running: CodingInProgress false, ChangedHighLight true.
+constexpr PaintFlags kStale{false, true};
 
 // The flags in a form that compares and prints: CodingInProgress, ChangedHighLight.
 inline std::pair<bool, bool> FlagPair(PaintFlags f) {
