@@ -119,7 +119,6 @@ TEST_F(FileExportTest, TheHexEditorStartsBesideTheProgramOrIsReportedMissing) {
     std::string file = tmp.write("data.bin", "\x01\x02");
     dialogs.AnswerFile(Q(file)).AnswerMsgBox(MsgResult::OK);
     main->mnuFileOpenHex_Click();
-    ASSERT_EQ(dialogs.asked.size(), 2u);
     EXPECT_EQ(Last().caption, "Error");
     EXPECT_EQ(Last().text, "Kestrum was unable to launch its Hex Editor program, NIBBLER.EXE. "
                            "Please ensure that it exists in the Kestrum path.");

@@ -172,18 +172,15 @@ TEST_F(FileOpenTest, ReloadAsksWhatThePartsOfItsStateRequire) {
     EXPECT_EQ(Text(d), "on disk");
     EXPECT_FALSE(d->Changed);
 
-    // Unchanged: read again without a question.
-    size_t asked = dialogs.asked.size();
+    // Unchanged: read again without a question (an unscripted one fails the test).
     tmp.write("r.txt", "changed on disk");
     main->mnuEditReload_Click();
     EXPECT_EQ(Text(d), "changed on disk");
-    EXPECT_EQ(dialogs.asked.size(), asked);
 
     // A file gone from disk is passed over without a word.
     std::filesystem::remove(file);
     main->mnuEditReload_Click();
     EXPECT_EQ(Text(d), "changed on disk");
-    EXPECT_EQ(dialogs.asked.size(), asked);
 
     // What is read again is coloured at once, as a load is.
     frmDocument* c = OpenByDialog(tmp.write("r.c", "int x;"));

@@ -114,8 +114,7 @@ TEST_F(FileSaveTest, SaveAllStopsAtTheFirstCancelledDialog) {
     dialogs.AnswerFile(Q(tmp.file("one.txt"))).AnswerFile(std::nullopt);
     main->mnuFileSaveAll_Click();
 
-    ASSERT_EQ(dialogs.asked.size(), 4u); // two opens, then two save dialogs
-    EXPECT_EQ(dialogs.asked[3].file.title, "Save Untitled 3");
+    EXPECT_EQ(Last().file.title, "Save Untitled 3");
     EXPECT_EQ(ReadFileBytes(tmp.file("one.txt")), "one");
     EXPECT_EQ(Slot(1)->Caption(), "one.txt");
     EXPECT_FALSE(Slot(1)->Changed);
@@ -161,19 +160,15 @@ TEST_F(FileSaveTest, AFileAnotherProgramChangedIsOverwrittenOnlyWhenTheUserSaysS
     dialogs.AnswerMsgBox(MsgResult::Yes);
     main->mnuFileSave_Click();
     EXPECT_EQ(ReadFileBytes(file), "mine");
-    // The program's own save is not a change by another program.
-    size_t asked = dialogs.asked.size();
+    // The program's own save is not a change by another program: no question.
     d->rtfText->SetText("mine again");
     main->mnuFileSave_Click();
-    EXPECT_EQ(dialogs.asked.size(), asked);
 
     // Unchanged here, changed there: activation offers to read it again, once per change.
     replace("theirs, later");
     dialogs.AnswerMsgBox(MsgResult::No);
     d->Form_Activate();
-    EXPECT_EQ(dialogs.asked.size(), asked + 1);
-    d->Form_Activate();
-    EXPECT_EQ(dialogs.asked.size(), asked + 1);
+    d->Form_Activate(); // a second question, or none at all, fails the test
     EXPECT_EQ(Text(d), "mine again");
     replace("theirs, last");
     dialogs.AnswerMsgBox(MsgResult::Yes);

@@ -35,10 +35,9 @@ TEST_F(WorkspaceTest, SaveListsEveryDocumentAndTheActiveOneTakesTheWorkspaceName
 }
 
 TEST_F(WorkspaceTest, SaveStopsAtNoCancelOrWithoutDocuments) {
-    // No: nothing saved, no dialog.
+    // No: nothing saved, no dialog (an unscripted question fails the test).
     dialogs.AnswerMsgBox(MsgResult::No);
     main->mnuAdvancedSaveProject_Click();
-    EXPECT_EQ(dialogs.asked.size(), 1u);
     // Save All cancelled for the untitled document: it is listed with an empty path.
     dialogs.AnswerMsgBox(MsgResult::Yes).AnswerFile(std::nullopt).AnswerFile(Path("u.KWS"));
     main->mnuAdvancedSaveProject_Click();
@@ -57,9 +56,7 @@ TEST_F(WorkspaceTest, SaveStopsAtNoCancelOrWithoutDocuments) {
     // With no document nothing is asked at all.
     Doc()->CloseWith(frmDocument::vbFormCode);
     Settle();
-    size_t asked = dialogs.asked.size();
     main->mnuAdvancedSaveProject_Click();
-    EXPECT_EQ(dialogs.asked.size(), asked);
 }
 
 TEST_F(WorkspaceTest, RestoreClosesFirstThenOpensThePairs) {
