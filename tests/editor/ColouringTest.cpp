@@ -53,10 +53,6 @@ TEST_F(ColouringTest, RefreshColourCodingRepaintsAndKeepsChanged) {
     main->Command("mnuViewRefreshColors")->trigger();
     EXPECT_NE(Slots(c, 0, 3), "000");
     EXPECT_TRUE(c->Changed);
-    // Nothing stale: a plain call does nothing.
-    c->rtfText->PaintRange(0, 3, ColorSlot::Text);
-    c->ColorCode();
-    EXPECT_EQ(Slots(c, 0, 3), "000");
 }
 
 TEST_F(ColouringTest, ALongPassShowsItsProgressAndStaysResponsive) {

@@ -81,9 +81,6 @@ TEST(ProfileFile, ARecordSurvivesTheFileAndAShorterOneOverwritesOnlyItsStart) {
     ASSERT_EQ(WriteProfileFile(path, withReserved), "");
     const std::string longer = ReadFileBytes(path);
     EXPECT_EQ(longer, Encode(Rich()));
-    EditorSettings back = Sentinel();
-    ReadProfileFile(path, back);
-    EXPECT_EQ(back, Rich());
 
     // The file is not truncated: the older record's tail stays behind the new one, and readers
     // never reach it.
@@ -93,7 +90,7 @@ TEST(ProfileFile, ARecordSurvivesTheFileAndAShorterOneOverwritesOnlyItsStart) {
     ASSERT_LT(newer.size(), longer.size());
     ASSERT_EQ(WriteProfileFile(path, shorter), "");
     EXPECT_EQ(ReadFileBytes(path), newer + longer.substr(newer.size()));
-    back = Sentinel();
+    EditorSettings back = Sentinel();
     ProfileReadResult r = ReadProfileFile(path, back);
     EXPECT_EQ(r.status, ProfileReadStatus::Complete);
     EXPECT_EQ(r.length, newer.size());
