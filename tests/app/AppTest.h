@@ -26,6 +26,10 @@ struct AppTest : AppFixture {
     }
     frmDocument* Doc() { return main->ActiveForm(); }
     RichEdit* Edit() { return Doc()->rtfText; }
+    void Select(int64_t start, int64_t length) {
+        Edit()->SetSelStart(start);
+        Edit()->SetSelLength(length);
+    }
     static size_t OpenCount() { return Documents().OpenDocuments().size(); }
 };
 

@@ -161,13 +161,11 @@ TEST_F(MenuCommandsTest, CommentBlockTakesTheProfilesFirstDelimiter) {
     frmDocument* d = main->ActiveForm();
     d->Settings().Delimiters[0] = {"//", "\r\n", 1};
     Edit()->SetText("a\r\nb\r\nc");
-    Edit()->SetSelStart(0);
-    Edit()->SetSelLength(4);
+    Select(0, 4);
     Run("mnuFormatCommentBlock");
     EXPECT_EQ(Edit()->Text(), "// a\r\n// b\r\nc");
     d->Settings().Delimiters[0] = {"/*", "*/", 1};
-    Edit()->SetSelStart(12);
-    Edit()->SetSelLength(1);
+    Select(12, 1);
     Run("mnuFormatCommentBlock");
     EXPECT_EQ(Edit()->Text(), "// a\r\n// b\r\n/*c*/");
 }

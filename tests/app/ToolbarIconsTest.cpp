@@ -43,8 +43,7 @@ QImage Render(const QIcon& icon, int size) {
 
 TEST(ToolbarIconsTest, EveryKeyDrawsAPictureOfItsOwnAtButtonSizes) {
     const QStringList keys = ToolbarIconKeys();
-    EXPECT_EQ(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
-    QList<QImage> seen; // the earlier keys' pictures at 24 pixels
+    QList<QImage> seen; // the earlier keys' pictures at 24 pixels: a key listed twice shows too
     for (const QString& key : keys) {
         SCOPED_TRACE(key.toStdString());
         const QIcon icon = ToolbarIcon(key);

@@ -1,4 +1,4 @@
-#include "support/AppFixture.h"
+#include "app/AppTest.h"
 
 #include "search/DocumentSearch.h"
 #include "search/SearchState.h"
@@ -18,18 +18,16 @@
 
 namespace {
 
-struct SearchDialogsTest : AppFixture {
+struct SearchDialogsTest : FileCommandsFixture {
     void SetUp() override {
-        AppFixture::SetUp();
+        FileCommandsFixture::SetUp();
         SearchPosition() = 0;
         LastSearchText().clear();
     }
-    frmDocument* Doc(const char* text) {
-        if (!main) Start();
-        frmDocument* doc = main->ActiveForm();
-        doc->rtfText->SetText(text);
-        doc->Changed = false;
-        return doc;
+    frmDocument* Holding(const char* text) {
+        Edit()->SetText(text);
+        Doc()->Changed = false;
+        return Doc();
     }
     static QString Sel(frmDocument* doc) {
         return QStringLiteral("%1 %2").arg(doc->rtfText->SelStart()).arg(doc->rtfText->SelLength());
@@ -49,7 +47,7 @@ const QString kNotFound = "Search Text not found.";
 // The whole-word, case-blind menu Find Next and the press sequences that kestrum-do replays
 // are run end to end by kestrum_do_search.sh; here what only the dialogs show.
 TEST_F(SearchDialogsTest, FindKeepsEveryTextAndAnEmptyOneFindsNothing) {
-    frmDocument* doc = Doc("aaaa");
+    frmDocument* doc = Holding("aaaa");
     frmFind& f = frmFind::Instance();
     f.cboFind->setEditText("aa");
     f.cmdFind->click();
@@ -69,7 +67,7 @@ TEST_F(SearchDialogsTest, FindKeepsEveryTextAndAnEmptyOneFindsNothing) {
 
 // Failing over and over without starting again is kestrum_do_search.sh's.
 TEST_F(SearchDialogsTest, ExtendedFindCollapsesOnFailureAndLeavesTheLastSearchText) {
-    frmDocument* doc = Doc("foo\nbar foo\nBAR");
+    frmDocument* doc = Holding("foo\nbar foo\nBAR");
     frmFindEx f;
     f.txtFind->setPlainText("Foo\nBar");
     f.cmdFind->click();
@@ -84,7 +82,7 @@ TEST_F(SearchDialogsTest, ExtendedFindCollapsesOnFailureAndLeavesTheLastSearchTe
 }
 
 TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterAndRefusesABadStart) {
-    frmDocument* doc = Doc("xa1b a2b");
+    frmDocument* doc = Holding("xa1b a2b");
     frmFindPattern& f = frmFindPattern::Instance();
     const QString invalid = "Invalid search expression. The first character of the search "
                             "expression must be a letter in the range of A-Z or a-z, or ";
@@ -113,7 +111,7 @@ TEST_F(SearchDialogsTest, PatternSelectsTheFirstCharacterAndRefusesABadStart) {
 }
 
 TEST_F(SearchDialogsTest, ReplacePromptsAndCancelKeepsTheDialogLoaded) {
-    frmDocument* doc = Doc("xa a");
+    frmDocument* doc = Holding("xa a");
     frmReplace* f = &frmReplace::Instance();
     f->txtFindLine->setText("a");
     f->txtReplaceLine->setText("aa");
@@ -140,7 +138,7 @@ TEST_F(SearchDialogsTest, ReplacePromptsAndCancelKeepsTheDialogLoaded) {
 
 // What a replacement makes of the text is kestrum_do_search.sh's; here an absent text.
 TEST_F(SearchDialogsTest, ReplaceAllOfAnAbsentTextChangesNothing) {
-    frmDocument* doc = Doc("xyz");
+    frmDocument* doc = Holding("xyz");
     frmReplace& f = frmReplace::Instance();
     f.txtFindLine->setText("q");
     f.txtReplaceLine->setText("x");
@@ -155,7 +153,7 @@ TEST_F(SearchDialogsTest, ReplaceAllOfAnAbsentTextChangesNothing) {
 }
 
 TEST_F(SearchDialogsTest, ExtendedReplaceTakesLineBreaksAndIsReachedFromTheMenu) {
-    frmDocument* doc = Doc("a\nb\na\nb\n");
+    frmDocument* doc = Holding("a\nb\na\nb\n");
     SetSearchDialogRunnerForTesting([&](QDialog& d) {
         auto* f = qobject_cast<frmReplaceEx*>(&d);
         ASSERT_TRUE(f);
@@ -174,7 +172,6 @@ TEST_F(SearchDialogsTest, ExtendedReplaceTakesLineBreaksAndIsReachedFromTheMenu)
 
 // The walk and the filter are the core's and kestrum_do_search.sh's; here the pane's rows.
 TEST_F(SearchDialogsTest, FindInFilesListsRowsAndOpensTheMatch) {
-    Doc("");
     tmp.write("tree/sub/two.h", "x\n  needle\n");
     tmp.write("tree/skip.txt", "needle\n");
     frmFindInFiles f;

@@ -56,8 +56,7 @@ TEST_F(TransformDialogsTest, TabDialogsReadTheirBoxAndKeepTheTextOnCancel) {
 
 TEST_F(TransformDialogsTest, TagPickerWrapsTheSelectionAndKeepsItsPlace) {
     Edit()->SetText("xabcx");
-    Edit()->SetSelStart(1);
-    Edit()->SetSelLength(3);
+    Select(1, 3);
     Run("mnuFormatHTML");
     auto* tags = main->findChild<frmHTMLTags*>();
     ASSERT_TRUE(tags);
@@ -72,8 +71,7 @@ TEST_F(TransformDialogsTest, TagPickerWrapsTheSelectionAndKeepsItsPlace) {
     EXPECT_EQ(Edit()->SelText(), "<B>abc</B>");
     Edit()->Undo();
     EXPECT_EQ(Edit()->Text(), "xabcx"); // one undo step
-    Edit()->SetSelStart(1);
-    Edit()->SetSelLength(3);
+    Select(1, 3);
     pick("<BR>");
     EXPECT_EQ(Edit()->SelText(), "<BR>abc");
 
@@ -95,8 +93,7 @@ TEST_F(TransformDialogsTest, SpecialCharactersGoInAtOneGoInTheDocumentsBytes) {
     for (bool utf8 : {false, true}) {
         Edit()->ResetEncoding(utf8);
         Edit()->SetText("ab");
-        Edit()->SetSelStart(1);
-        Edit()->SetSelLength(1);
+        Select(1, 1);
         frmSpecialChar dialog(*Doc());
         ASSERT_EQ(dialog.lstChars->count(), 96);
         dialog.cmdAdd->click(); // no row chosen: nothing
@@ -113,8 +110,7 @@ TEST_F(TransformDialogsTest, SpecialCharactersGoInAtOneGoInTheDocumentsBytes) {
 TEST_F(TransformDialogsTest, MenuCommandsAreOneUndoStep) {
     const std::string text = "one\r\n  two\r\nthree";
     Edit()->SetText(text);
-    Edit()->SetSelStart(0);
-    Edit()->SetSelLength(int64_t(text.size()));
+    Select(0, int64_t(text.size()));
     for (const char* name :
          {"mnuFormatIndent", "mnuFOrmatUpper", "mnuFOrmatTrim", "mnuEditConvertToUnix"}) {
         if (std::string_view(name) == "mnuEditConvertToUnix") dialogs.AnswerMsgBox(MsgResult::OK);
@@ -122,7 +118,6 @@ TEST_F(TransformDialogsTest, MenuCommandsAreOneUndoStep) {
         EXPECT_NE(Edit()->Text(), text) << name;
         Edit()->Undo();
         EXPECT_EQ(Edit()->Text(), text) << name;
-        Edit()->SetSelStart(0);
-        Edit()->SetSelLength(int64_t(text.size()));
+        Select(0, int64_t(text.size()));
     }
 }
