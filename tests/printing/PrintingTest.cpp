@@ -4,8 +4,8 @@
 #include "printing/modPrintRTFText.h"
 #include "profiles/frmConfigAssocProfile.h"
 
+#include "app/AppTest.h"
 #include "printing/PdfReader.h"
-#include "support/AppFixture.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -13,28 +13,23 @@
 #include <QPushButton>
 #include <QTimer>
 
-class Printing : public AppFixture {
+class Printing : public FileCommandsFixture {
   protected:
     void SetUp() override {
-        AppFixture::SetUp();
+        FileCommandsFixture::SetUp(); // the start loads the default margins
         ResetPrintingInProgressForTesting();
-        g_PrintMargins() = PrintMargins{};
-        Start();
-        doc = main->ActiveForm();
-        ASSERT_NE(doc, nullptr);
         SharedPrinter().setOutputFormat(QPrinter::PdfFormat);
         SharedPrinter().setOutputFileName(Path("out.pdf"));
     }
     void TearDown() override {
         ResetPrintingInProgressForTesting();
-        AppFixture::TearDown();
+        FileCommandsFixture::TearDown();
     }
     static std::string Lines(int n, const char* word) {
         std::string t;
         for (int i = 1; i <= n; ++i) t += word + std::to_string(i) + "\r\n";
         return t;
     }
-    frmDocument* doc = nullptr;
 };
 
 TEST_F(Printing, DocumentsIntoPdf) {
@@ -51,7 +46,7 @@ TEST_F(Printing, DocumentsIntoPdf) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        doc->rtfText->SetText(c.text);
+        Edit()->SetText(c.text);
         dialogs.AnswerPrint(true);
         main->mnuFilePrint_Click();
         PdfContents pdf = ReadPdf(Path("out.pdf"));
@@ -72,7 +67,7 @@ TEST_F(Printing, DocumentsIntoPdf) {
 }
 
 TEST_F(Printing, FailuresAndGuard) {
-    doc->rtfText->SetText(Lines(400, "row"));
+    Edit()->SetText(Lines(400, "row"));
     enum Action { None, Cancel, SecondJob, Unwritable };
     using O = PrintOutcome;
     const struct {
@@ -104,7 +99,7 @@ TEST_F(Printing, FailuresAndGuard) {
             dialogs.AnswerPrint(true);
         }
         if (!c.caption.isEmpty()) dialogs.AnswerMsgBox(MsgResult::OK);
-        EXPECT_EQ(PrintDocument(*doc->rtfText, SharedPrinter(), main.get()), c.outcome);
+        EXPECT_EQ(PrintDocument(*Edit(), SharedPrinter(), main.get()), c.outcome);
         Settle();
         std::vector<QString> boxes;
         for (const auto& q : dialogs.asked)

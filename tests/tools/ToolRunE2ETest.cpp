@@ -1,6 +1,6 @@
 // A real shell command run from the Run dialog with its output captured: the output window
 // shows it with the exit status, and a double click on the error line opens the file there.
-#include "support/AppFixture.h"
+#include "app/AppTest.h"
 #include "tools/CaptureView.h"
 #include "tools/frmCompilerOutput.h"
 #include "tools/frmRunCompiler.h"
@@ -14,8 +14,7 @@
 #include <QTimer>
 #include <sys/stat.h>
 
-TEST_F(AppFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
-    Start();
+TEST_F(FileCommandsFixture, CapturedRunShowsOutputAndOpensTheErrorLine) {
     // A terminal that runs its command in place, as a real one would inside its window.
     const std::string term =
         tmp.write("term", "#!/bin/sh\n[ \"$1\" = -e ] && shift\nexec \"$@\"\n");

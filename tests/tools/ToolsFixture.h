@@ -1,7 +1,7 @@
 #pragma once
 // A started program whose tool runs are recorded instead of started, and a way to act on the
 // modal dialog a command is about to show.
-#include "support/AppFixture.h"
+#include "app/AppTest.h"
 #include "tools/ToolRunner.h"
 
 #include <QDialog>
@@ -13,18 +13,17 @@ struct Started {
     QString dir;
 };
 
-struct ToolsFixture : AppFixture {
+struct ToolsFixture : FileCommandsFixture {
     void SetUp() override {
-        AppFixture::SetUp();
+        FileCommandsFixture::SetUp();
         ToolRunner::SetStarterForTesting([this](const ProcessLine& p, const QString& dir) {
             started.push_back({p, dir});
         });
-        Start();
         SaveSetting("Kestrum", "Settings", "Terminal", "term");
     }
     void TearDown() override {
         ToolRunner::SetStarterForTesting(nullptr);
-        AppFixture::TearDown();
+        FileCommandsFixture::TearDown();
     }
     // Runs f on the modal dialog named name as soon as it shows.
     static void OnModal(const QString& name, std::function<void(QDialog*)> f) {
