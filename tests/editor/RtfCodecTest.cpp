@@ -164,7 +164,6 @@ TEST(RtfCodec, WordProcessorOutputIsReadForItsTextAndColours) {
         EXPECT_NE(at, std::string::npos) << word;
         return at == std::string::npos ? -1 : int(c.styles[at]);
     };
-    EXPECT_EQ(slotAt(utf, "Plain"), int(ColorSlot::Text));
     EXPECT_EQ(slotAt(utf, "bold"), int(ColorSlot::Keywords0)); // 0,0,128 is slot 1 here
     EXPECT_EQ(slotAt(utf, "pink"), int(ColorSlot::Delimiter2));
     EXPECT_EQ(slotAt(utf, "back"), int(ColorSlot::Text));
