@@ -57,7 +57,6 @@ TEST(MiscSubs, ReadFileCrLfMatchesTheWholeFileConversion) {
         {"cr split", std::string((256 << 10) - 1, 'x') + "\ry", LineEndStyle::Cr},
         // Every byte a line end: the text outgrows the room reserved for it.
         {"all lf", std::string(3 << 20, '\n'), LineEndStyle::Lf},
-        {"mixed", "a\nb\r\nc\rd\te\n", LineEndStyle::Mixed},
     };
     for (const auto& c : cases) {
         std::string text = "left over", error;
