@@ -50,7 +50,6 @@ TEST(TextConversions, TabsSpacesAndLineEnds) {
         {"inside a line too", SpacesToTabs("a  b   c", 2), "a\tb\t c"},
         {"zero changes nothing", SpacesToTabs("a    b", 0), "a    b"},
         {"longer than the text", SpacesToTabs("a  b", 9), "a  b"},
-        {"dos twice doubles CRs", ToDosLineEnds(ToDosLineEnds("a\nb")), "a\r\r\nb"},
         {"unix", ToUnixLineEnds("a\r\nb\rc\r"), "a\nbc"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.got, c.want) << c.name;
