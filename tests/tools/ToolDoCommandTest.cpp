@@ -6,7 +6,6 @@
 #include "support/TempDir.h"
 
 #include <QDir>
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -36,8 +35,7 @@ TEST(ToolDoCommand, ExpandMacros) {
         std::ostringstream out, err;
         EXPECT_EQ(RunKestrumDo(args, table, out, err), k.out.empty() ? 2 : 0);
         EXPECT_EQ(out.str(), k.out);
-        const std::string e = err.str();
-        EXPECT_TRUE(k.out.empty() ? std::count(e.begin(), e.end(), '\n') == 1 : e.empty()) << e;
+        EXPECT_EQ(err.str().empty(), !k.out.empty()) << err.str(); // its form is the frame's
     }
     QDir::setCurrent(cwd);
 }
