@@ -10,17 +10,6 @@ TEST(EditorSettings, AnEmptyStoreGivesTheDefaultsAndStoredValuesAreRead) {
     EditorSettings s; // all zero
     LoadEditorSettings(store, "Kestrum", s);
     EXPECT_EQ(s, EditorSettings::Defaults());
-    // The defaults a first start shows, spot-checked where a slip would go unnoticed.
-    EXPECT_EQ(s.KeywordColor[0], 128 << 16);
-    EXPECT_EQ(s.Delimiters[7].DelimiterColor, -2147483640);
-    EXPECT_EQ(s.BGColor, -2147483643);
-    EXPECT_EQ(s.EditorFont, "Courier New");
-    EXPECT_TRUE(s.AutoCode && s.CodeOrder && s.AutoComplete && s.AutoBracers);
-    EXPECT_FALSE(s.WordWrap || s.Backup || s.RealTabs || s.CaseSensitive);
-    PrintMargins m{0, 0, 0, 0};
-    LoadPrintMargins(store, "Kestrum", m);
-    EXPECT_FLOAT_EQ(m.Top, 1.5f);
-    EXPECT_FLOAT_EQ(m.Right, 1.5f);
 
     store.SaveSetting("Kestrum", "Settings", "WordWrap", "True"); // writer's spelling
     store.SaveSetting("Kestrum", "Settings", "Keywords1", "char\xFFint\xFF");
