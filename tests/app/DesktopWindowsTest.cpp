@@ -1,9 +1,9 @@
 // The tip of the day, the About box and the folder dialog, headless.
-#include "app/AppTest.h"
 #include "app/frmAbout.h"
 #include "app/frmChDir.h"
 #include "app/frmTip.h"
 #include "profiles/frmConfigAssocProfile.h"
+#include "support/AppTest.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // The exports, the two launch commands, Cancel everywhere, and failed saves.
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 #include "support/FileSizeLimit.h"
 
 #include <QDesktopServices>

@@ -1,6 +1,6 @@
 // Open, recent files, drops, a failed save on close, reload and the three insert commands. What
 // their dialogs ask is checked with every other file dialog in FileExportCommandsTest.
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 
 #include <QApplication>
 #include <QDir>

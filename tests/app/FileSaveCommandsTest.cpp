@@ -1,6 +1,6 @@
 // Save, Save As and Save All: names, tabs and the bytes written. Their dialogs' titles, filters
 // and flags are checked in FileExportCommandsTest.
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 // The templates and cliptext libraries, against the test's own program folder.
-#include "app/AppTest.h"
 #include "filetools/frmNewFile.h"
+#include "support/AppTest.h"
 
 #include <QListWidget>
 #include <QRadioButton>

@@ -1,6 +1,6 @@
-#include "app/AppTest.h"
 #include "app/CommandTable.h"
 #include "components/FlipPane.h"
+#include "support/AppTest.h"
 
 #include <QClipboard>
 #include <QMenuBar>

@@ -1,6 +1,6 @@
 // Save and restore of workspaces, from the menu and from the command line.
-#include "app/AppTest.h"
 #include "app/core/WorkspaceFile.h"
+#include "support/AppTest.h"
 
 using WorkspaceTest = FileCommandsFixture;
 

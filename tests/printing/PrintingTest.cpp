@@ -4,8 +4,8 @@
 #include "printing/modPrintRTFText.h"
 #include "profiles/frmConfigAssocProfile.h"
 
-#include "app/AppTest.h"
 #include "printing/PdfReader.h"
+#include "support/AppTest.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

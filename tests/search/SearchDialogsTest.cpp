@@ -1,4 +1,4 @@
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 
 #include "search/DocumentSearch.h"
 #include "search/SearchState.h"

@@ -1,6 +1,6 @@
 // A real shell command run from the Run dialog with its output captured: the output window
 // shows it with the exit status, and a double click on the error line opens the file there.
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 #include "tools/CaptureView.h"
 #include "tools/frmCompilerOutput.h"
 #include "tools/frmRunCompiler.h"

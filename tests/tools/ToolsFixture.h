@@ -1,7 +1,7 @@
 #pragma once
 // A started program whose tool runs are recorded instead of started, and a way to act on the
 // modal dialog a command is about to show.
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 #include "tools/ToolRunner.h"
 
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "app/AppTest.h"
+#include "support/AppTest.h"
 #include "transforms/TransformCommands.h"
 #include "transforms/frmHTMLTags.h"
 #include "transforms/frmSpacestoTabs.h"
