@@ -62,12 +62,12 @@ Outcome MatchAt(std::string_view text, const std::vector<Element>& p) {
     size_t starJ = SIZE_MAX, starI = 0;
     for (;;) {
         if (j == p.size()) return Outcome::Match;
-        if (j < p.size() && p[j].kind == Element::Star) {
+        if (p[j].kind == Element::Star) {
             starJ = j++;
             starI = i;
             continue;
         }
-        if (i < text.size() && j < p.size() && p[j].set.test(static_cast<unsigned char>(text[i]))) {
+        if (i < text.size() && p[j].set.test(static_cast<unsigned char>(text[i]))) {
             ++i;
             ++j;
             continue;
